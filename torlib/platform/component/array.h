@@ -1,0 +1,184 @@
+#pragma once
+// Caller-owned arrays of one or two dimensions with the caller's bounds, checked indices and
+// column-major storage, so that numerical packages can look at the same memory without a copy.
+//
+//     Array<Single> A(Bounds{1, 3}, Bounds{1, 2});   // A(1..3, 1..2), all zero
+//     A(3, 2) = 0.5;
+//     A.ReDim(4);                                    // fresh: A(0..4), all zero
+//     auto V = ArrayFromOne<Single>({1, 2, 3});      // V(0..3), values from index 1
+
+#include "torlib/platform/component/run_time_error.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+namespace torlib {
+
+/// Index range of one dimension; Upper = Lower - 1 is an empty range.
+struct Bounds {
+    int Lower = 0;
+    int Upper = -1;
+};
+
+/// The value types that cross the component boundary.
+enum class ValueType : std::uint8_t {
+    None,
+    Integer,
+    Long,
+    Single,
+    Double,
+    Boolean,
+    String,
+    Variant,
+    Object,
+    Record,
+};
+
+/// Tells the ValueType and, for records, the record's name of a C++ type; specialised beside each
+/// type that crosses the boundary.
+template <class T>
+struct ValueTypeOf;
+
+template <>
+struct ValueTypeOf<std::u16string> {
+    static constexpr ValueType Type = ValueType::String;
+    static constexpr const char16_t* RecordName = nullptr;
+};
+template <>
+struct ValueTypeOf<double> {
+    static constexpr ValueType Type = ValueType::Double;
+    static constexpr const char16_t* RecordName = nullptr;
+};
+template <>
+struct ValueTypeOf<std::int32_t> {
+    static constexpr ValueType Type = ValueType::Long;
+    static constexpr const char16_t* RecordName = nullptr;
+};
+
+/// What is common to arrays of every element type: bounds, and the errors of a bad index.
+class TORLIB_API SafeArray {
+  public:
+    virtual ~SafeArray();
+
+    /// 0 for an array that is not allocated.
+    int Dimensions() const noexcept { return dimensions_; }
+    /// Lower bound of dimension 1 or 2; error 9 for a dimension that is not there.
+    int LBound(int dimension = 1) const { return Of(dimension).Lower; }
+    /// Upper bound of dimension 1 or 2; error 9 for a dimension that is not there.
+    int UBound(int dimension = 1) const { return Of(dimension).Upper; }
+    ValueType ElementType() const noexcept { return type_; }
+    const char16_t* RecordName() const noexcept { return recordName_; }
+
+    /// Re-dimensions to 0..n, or 0..n x 0..m, all zero; a negative size is error 9.
+    virtual void ReDim(int n) = 0;
+    virtual void ReDim(int n, int m) = 0;
+    /// Re-dimensions to 0..n keeping what both ranges hold at the same index.
+    virtual void ReDimPreserve(int n) = 0;
+    virtual void* RawData() noexcept = 0;
+
+  protected:
+    SafeArray(ValueType type, const char16_t* recordName) : type_(type), recordName_(recordName) {}
+    SafeArray(const SafeArray&) = default;
+    SafeArray& operator=(const SafeArray&) = default;
+
+    const Bounds& Of(int dimension) const;
+    void SetBounds(int dimensions, Bounds first, Bounds second);
+    [[noreturn]] void RaiseIndex(int i) const;
+    [[noreturn]] void RaiseIndex(int i, int j) const;
+    [[noreturn]] void RaiseSize(int n) const;
+
+    int dimensions_ = 0;
+    Bounds bounds_[2];
+
+  private:
+    std::string Label() const;
+
+    ValueType type_;
+    const char16_t* recordName_;
+};
+
+template <class T>
+class Array final : public SafeArray {
+  public:
+    /// An array that is not allocated: every index is out of range until ReDim.
+    Array() : SafeArray(ValueTypeOf<T>::Type, ValueTypeOf<T>::RecordName) {}
+    explicit Array(Bounds bounds) : Array() { Allocate(1, bounds, {0, 0}); }
+    Array(Bounds rows, Bounds columns) : Array() { Allocate(2, rows, columns); }
+
+    T& operator()(int i) {
+        const auto k = static_cast<std::size_t>(i - bounds_[0].Lower);
+        if (dimensions_ != 1 || i < bounds_[0].Lower || k >= rows_) {
+            RaiseIndex(i);
+        }
+        return elements_[k];
+    }
+    const T& operator()(int i) const { return const_cast<Array&>(*this)(i); }
+
+    T& operator()(int i, int j) {
+        if (dimensions_ != 2 || i < bounds_[0].Lower || i > bounds_[0].Upper ||
+            j < bounds_[1].Lower || j > bounds_[1].Upper) {
+            RaiseIndex(i, j);
+        }
+        return elements_[static_cast<std::size_t>(i - bounds_[0].Lower) +
+                         static_cast<std::size_t>(j - bounds_[1].Lower) * rows_];
+    }
+    const T& operator()(int i, int j) const { return const_cast<Array&>(*this)(i, j); }
+
+    void ReDim(int n) override { ReAllocate(1, n, {0, n}, {0, 0}); }
+    void ReDim(int n, int m) override { ReAllocate(2, n < m ? n : m, {0, n}, {0, m}); }
+    void ReDimPreserve(int n) override {
+        if (n < 0) {
+            RaiseSize(n);
+        }
+        Array fresh(Bounds{0, n});
+        if (dimensions_ == 2) {
+            RaiseIndex(n);
+        }
+        if (dimensions_ == 1) {
+            for (int i = bounds_[0].Lower < 0 ? 0 : bounds_[0].Lower;
+                 i <= n && i <= bounds_[0].Upper; ++i) {
+                fresh(i) = (*this)(i);
+            }
+        }
+        *this = std::move(fresh);
+    }
+
+    /// The elements, column by column; the distance between columns is Rows().
+    T* Data() noexcept { return elements_.data(); }
+    const T* Data() const noexcept { return elements_.data(); }
+    void* RawData() noexcept override { return elements_.data(); }
+    std::size_t Rows() const noexcept { return rows_; }
+    std::size_t Size() const noexcept { return elements_.size(); }
+
+  private:
+    void Allocate(int dimensions, Bounds first, Bounds second) {
+        SetBounds(dimensions, first, second);
+        rows_ = static_cast<std::size_t>(first.Upper - first.Lower + 1);
+        elements_.assign(rows_ * static_cast<std::size_t>(second.Upper - second.Lower + 1), T());
+    }
+    void ReAllocate(int dimensions, int smallest, Bounds first, Bounds second) {
+        if (smallest < 0) {
+            RaiseSize(smallest);
+        }
+        Allocate(dimensions, first, second);
+    }
+
+    std::size_t rows_ = 0;
+    std::vector<T> elements_;
+};
+
+/// An array 0..n whose elements 1..n hold the values; index 0 is zero.
+template <class T>
+Array<T> ArrayFromOne(std::initializer_list<T> values) {
+    Array<T> result(Bounds{0, static_cast<int>(values.size())});
+    int i = 0;
+    for (const T& value : values) {
+        result(++i) = value;
+    }
+    return result;
+}
+
+} // namespace torlib
