@@ -1,0 +1,234 @@
+#pragma once
+// The finite-element core: slabs, beams, frames and walls on a symmetric band matrix. The host
+// sizes the band, asks for the stiffness and load vector of each element, adds them into the band,
+// imposes the supports and solves:
+//
+//     FEM_Class fem;
+//     fem.GetBandWidth(Nw, NE, I_ElementType, I_Corner);
+//     fem.SetElementStiffnessMatrix(SK, e, T, bnu, NNode, XE, YE);
+//     fem.GlobalStiffnessMatrix(A, SK, 3, NNode, Node);
+//     fem.SetBoundaryToMatrix(Nw, NF, A, Q, AufL, NS);
+//     fem.SolveMatrix(Nw, N3, A, Q);
+//
+// Files in reading order: band_matrix.cpp (width, restraints), band_solver.cpp (elimination),
+// progress.cpp (progress display), plate_stiffness.cpp (dispatch, rectangle),
+// triangle_stiffness.cpp, element_loads.cpp, assembly.cpp, supports.cpp (support texts),
+// symmetry.cpp (half and quarter models), fem_class.cpp (instance, member table).
+//
+// Shared by all members: the equation number of degree of freedom j of node n is
+// (n - 1) * NFreedom + j; plates and grid beams carry (w, dw/dx, dw/dy) at a node, plane frames and
+// wall plates (u, v, rotation). A(n, l), l = 1..Nw, holds K(n, n + l - 1). A and Q carry Nw - 1
+// zero rows beyond the last equation.
+
+#include "torlib/frame/arithmetic.h"
+#include "torlib/frame/enumerations.h"
+#include "torlib/platform/component/array.h"
+#include "torlib/platform/component/object.h"
+
+namespace torlib {
+
+class ClassInfo;
+
+class TORLIB_API FEM_Class {
+  public:
+    static FEM_Class& DefaultInstance();
+    static const ClassInfo& Info();
+
+    /// Sizes the band for a mesh of plate elements.
+    ///
+    /// `Nw` [out] half band width including the diagonal, 3 equations a node. `NE` number of
+    /// elements. `I_ElementType(1..NE)` number of corners of each element, 3 or 4.
+    /// `I_Corner(1..NE, 1..4)` node numbers of the corners. `FrmShow` is not used.
+    /// Result: false. Nw = 3 (d + 1), d the largest difference of node numbers within one element.
+    /// Errors: 6 when the width leaves 16 bits; 9 for an index outside the arrays or an element of
+    /// more than 4 corners.
+    bool GetBandWidth(Integer& Nw, Integer NE, const Array<Integer>& I_ElementType,
+                      const Array<Integer>& I_Corner, const Object& FrmShow = {}) const;
+
+    /// Imposes prescribed values: each restrained row and column moves to the right-hand side and
+    /// leaves a unit diagonal.
+    ///
+    /// `Nw` half band width. `NF` number of restraints. `A(1..N3+Nw-1, 1..Nw)` [in/out] band
+    /// matrix. `Q(1..N3+Nw-1)` [in/out] load vector. `AufL(1..NF)` prescribed values. `NS(1..NF)`
+    /// equation numbers. `FrmShow` form that is unloaded when the user cancels. Result: true when
+    /// cancelled, with A and Q as they are at that moment. An equation that is listed twice keeps
+    /// the last of its values. Errors: 6 when an equation number leaves 16 bits; 9 for an index
+    /// outside the arrays. Source: Bathe (1996), Finite Element Procedures, section 4.2.2.
+    bool SetBoundaryToMatrix(Integer Nw, Integer NF, Array<Single>& A, Array<Single>& Q,
+                             const Array<Single>& AufL, const Array<Integer>& NS,
+                             const Object& FrmShow = {}) const;
+
+    /// Solves the banded symmetric system in place by Gaussian elimination without pivoting.
+    ///
+    /// `Nw` half band width. `N3` number of equations. `A(1..N3+Nw-1, 1..Nw)` [in/out] band matrix,
+    /// on return its factor: the diagonal terms and the ratios of each row to its diagonal.
+    /// `Q(1..N3+Nw-1)` [in/out] load vector, on return the solution. `FrmShow` calculation form,
+    /// unloaded when the user cancels. `PrograssBarMode` true shows the progress, one step an
+    /// equation, on `FrmShow` and the status bar `ObjStbar`.
+    /// Result: true when cancelled; A and Q are then partly reduced and must be built anew. An
+    /// equation whose diagonal is zero gets the solution 0.
+    /// Errors: 6 when a value overflows; 9 for an index outside the arrays; 424 when progress is
+    /// asked for without form or status bar.
+    /// Source: Bathe (1996), Finite Element Procedures, section 8.2.
+    /// Deviations: every entry is rounded to 32 bits after each update, in ascending pivot order; a
+    /// zero diagonal becomes 1.0E-10 with a zero right-hand side.
+    bool SolveMatrix(Integer Nw, Integer N3, Array<Single>& A, Array<Single>& Q,
+                     const Object& FrmShow = {}, bool PrograssBarMode = false,
+                     const Object& ObjStbar = {});
+
+    /// Shows one step of a computation: bar, step label, remaining time and status bar.
+    ///
+    /// `FrmShow` form with the progress bar `PrB` (its `Max` set by the caller to the last step)
+    /// and the labels `lbltime` and `LblStufe`. `ProgressValue` step, 1..PrB.Max; step 1 starts the
+    /// clock. `ObjStbar` status bar with `Visible`, `Panels` and `Refresh`.
+    /// The remaining time is extrapolated from the time that the steps so far have taken.
+    /// Errors: 6 or 11 for step 0; 91 or 424 when form or status bar is missing; 438 when a control
+    /// is missing.
+    /// Deviations: the seconds are rounded half away from zero, so 59.5 s reads "60"; a run across
+    /// midnight shows a negative time.
+    void ProgressBarValue(const Object& FrmShow, const Integer& ProgressValue,
+                          const Object& ObjStbar);
+
+    /// Stiffness of a plate element: a triangle of 3 nodes or a rectangle of 4.
+    ///
+    /// `SK` [out] re-dimensioned to (0..3 NNode, 0..3 NNode), filled from 1. `e` modulus of
+    /// elasticity. `T` thickness. `bnu` Poisson's ratio. `NNode` number of nodes. `XE`,
+    /// `YE(1..NNode)` corner coordinates, counter-clockwise; a rectangle starts at its corner of
+    /// smallest x and y. Result: symmetric, node by node (w, dw/dx, dw/dy); all zero when e or T is
+    /// not positive or NNode is neither 3 nor 4. Errors: 6 or 11 for an element without area; 9 for
+    /// coordinates outside the arrays. Deviations: of a rectangle only XE(1), XE(2), YE(1) and
+    /// YE(4) count.
+    void SetElementStiffnessMatrix(Array<Single>& SK, Single e, Single T, Single bnu,
+                                   const Integer& NNode, const Array<Single>& XE,
+                                   const Array<Single>& YE) const;
+
+    /// Stiffness of the nonconforming 12-parameter plate rectangle.
+    ///
+    /// `SK(1..12, 1..12)` [out]. `e` modulus of elasticity. `T` thickness. `bnu` Poisson's ratio.
+    /// `A`, `B` sides along x and y.
+    /// Result: symmetric, node by node (w, dw/dx, dw/dy), nodes counter-clockwise from the corner
+    /// of smallest x and y. Errors: 6 or 11 for a side of length zero or bnu = +-1; 9 when SK is
+    /// too small. Source: Adini and Clough (1961), Analysis of Plate Bending by the Finite Element
+    /// Method; Melosh (1963), AIAA Journal 1, 1631-1637; Zienkiewicz and Taylor (2000), The Finite
+    /// Element Method, vol. 2, section 4.3. Deviations: the coefficients of the closed form are
+    /// rounded to 32 bits one by one.
+    void SetRecElementStiffness(Array<Single>& SK, Single e, Single T, Single bnu, Single A,
+                                Single B) const;
+
+    /// Stiffness of the nonconforming 9-parameter plate triangle.
+    ///
+    /// `SK(1..9, 1..9)` [out]. `e` modulus of elasticity. `T` thickness. `bnu` Poisson's ratio.
+    /// `x`, `Y(1..3)` corner coordinates, counter-clockwise.
+    /// Result: symmetric but for the last bits, node by node (w, dw/dx, dw/dy); a clockwise
+    /// triangle gives the negative matrix. Errors: 6 or 11 for a triangle without area; 9 when SK
+    /// is too small. Source: Bazeley, Cheung, Irons and Zienkiewicz (1965), Triangular Elements in
+    /// Plate Bending, Proc. 1st Conf. Matrix Methods in Structural Mechanics, 547-576. Deviations:
+    /// integrated in closed form with the slopes along the sides 1-2 and 1-3, which are turned into
+    /// x-y slopes at the end, columns before rows, each step rounded to 32 bits.
+    void SetTriElementStiffness(Array<Single>& SK, Single e, Single T, Single bnu,
+                                const Array<Single>& x, const Array<Single>& Y) const;
+
+    /// Consistent load vector of a uniform pressure on a plate element of 3 or 4 nodes.
+    ///
+    /// `BE` [out] re-dimensioned to 0..3 NNode, filled from 1. `P` pressure, positive along w.
+    /// `NNode` number of nodes. `XE`, `YE(1..NNode)` corner coordinates as for the stiffness.
+    /// Result: zero when NNode is neither 3 nor 4.
+    /// Errors: 9 for coordinates outside the arrays.
+    void SetElementLoadVector(Array<Single>& BE, Single P, const Integer& NNode,
+                              const Array<Single>& XE, const Array<Single>& YE) const;
+
+    /// Consistent load vector of a uniform pressure on the plate rectangle.
+    ///
+    /// `BE(1..12)` [out]. `P` pressure, positive along w. `A`, `B` sides along x and y.
+    /// Result: P A B / 4 at each deflection, +-P A^2 B / 24 and +-P A B^2 / 24 at the slopes.
+    /// Errors: 9 when BE is too small.
+    /// Source: Zienkiewicz and Taylor (2000), The Finite Element Method, vol. 2, section 4.3.
+    void SetRecElementLoadVector(Array<Single>& BE, Single P, Single A, Single B) const;
+
+    /// Consistent load vector of a uniform pressure on the plate triangle.
+    ///
+    /// `BE(1..9)` [out]. `P` pressure, positive along w. `x`, `Y(1..3)` corner coordinates,
+    /// counter-clockwise.
+    /// Result: a third of the load at each deflection; zero for a triangle without area; a
+    /// clockwise triangle gives the negative vector. Errors: 9 when BE is too small. Source:
+    /// Bazeley, Cheung, Irons and Zienkiewicz (1965), as for the stiffness.
+    void SetTriElementLoadVector(Array<Single>& BE, Single P, const Array<Single>& x,
+                                 const Array<Single>& Y) const;
+
+    /// Adds an element matrix into the band matrix.
+    ///
+    /// `A` [in/out] band matrix. `SK(1..NNode NFreedom, 1..NNode NFreedom)` element matrix.
+    /// `NFreedom` degrees of freedom a node. `NNode` number of nodes. `Node(1..NNode)` their global
+    /// numbers.
+    /// Only the terms on and above the diagonal of the global matrix are taken.
+    /// Errors: 6 when an equation number leaves 16 bits; 9 for a row or band column outside A.
+    /// Terms that were added before an error stay.
+    void GlobalStiffnessMatrix(Array<Single>& A, const Array<Single>& SK, Integer NFreedom,
+                               Integer NNode, const Array<Integer>& Node) const;
+
+    /// Adds an element load vector into the global load vector.
+    ///
+    /// `Q` [in/out] load vector. `BE(1..NNode NFreedom)` element vector. `NFreedom` degrees of
+    /// freedom a node. `NNode` number of nodes. `Node(1..NNode)` their global numbers. Errors: 6
+    /// when an equation number leaves 16 bits; 9 for an index outside the arrays.
+    void GlobalLoadVector(Array<Single>& Q, const Array<Single>& BE, Integer NFreedom,
+                          Integer NNode, const Array<Integer>& Node) const;
+
+    /// Adds nodal spring constants to the diagonal of an element matrix.
+    ///
+    /// `NFreedom` degrees of freedom a node, `NNode` number of element nodes, `NV` number of spring
+    /// nodes: reals, rounded to whole numbers with halves to the even neighbour. `KV(1..NV)` spring
+    /// nodes. `Fk(1..NV NFreedom)` spring constants, node by node. `Node(1..NNode)` element nodes.
+    /// `ST` [in/out] element matrix.
+    /// A spring node receives its springs once for every element that is passed with it.
+    /// Errors: 6 when a count leaves 16 bits; 9 for an index outside the arrays.
+    void AdditionalStiffness(Single NFreedom, Single NNode, Single NV, const Array<Integer>& KV,
+                             const Array<Single>& Fk, const Array<Integer>& Node,
+                             Array<Single>& ST) const;
+
+    /// Builds the restraint list from the support texts of the supported nodes.
+    ///
+    /// `NFreedom` degrees of freedom a node. `NDesp` how many of them are displacements. `NA`
+    /// number of supported nodes. `KA(1..NA)` their numbers. `De(1..NA NFreedom)` [in/out]
+    /// conditions, node by node: "F" is free, any other text a prescribed value, displacements in
+    /// hundredths of the length unit. `NF` [out] number of restraints. `NS`, `AufL(1..NF)` [out]
+    /// equation numbers and values, in the order of De; untouched when NF is 0. The displacement
+    /// texts come back divided by 100, so a second call divides them again. Errors: 6 when an
+    /// equation number leaves 16 bits; 9 for an index outside the arrays; whatever the utility
+    /// service raises for a text that is not a number.
+    void SetBoundaryInSystem(Integer NFreedom, Integer NDesp, Integer NA, const Array<Integer>& KA,
+                             Array<String>& De, Integer& NF, Array<Integer>& NS,
+                             Array<Single>& AufL) const;
+
+    /// Appends the restraints of the symmetry lines of a wall plate.
+    ///
+    /// `Nk` number of nodes. `XGriD`, `YGriD(1..Nk)` node coordinates. `Isym` symmetry: X cases
+    /// about the line y = ymax, Y cases about x = xmax. `NF` [in/out] number of restraints. `AufL`,
+    /// `NS(1..NF)` [in/out] values and equation numbers, each equation once on return.
+    /// Errors: 6 when an equation number leaves 16 bits; 9 for an index outside the arrays.
+    void SymmetricalBoundaryWall(Integer Nk, const Array<Single>& XGriD, const Array<Single>& YGriD,
+                                 SymmetricCase Isym, Integer& NF, Array<Single>& AufL,
+                                 Array<Integer>& NS) const;
+
+    /// Appends the restraints of the symmetry lines of a plane frame.
+    ///
+    /// `NE` number of members. `Np1`, `Np2(1..NE)` their start and end nodes. `XGriD`, `YGriD` node
+    /// coordinates. `Isym`, `NF`, `AufL`, `NS` as for the wall plate.
+    /// Errors: 6 when an equation number leaves 16 bits; 9 for an index outside the arrays.
+    void SymmetricalBoundaryFrame(Integer NE, const Array<Integer>& Np1, const Array<Integer>& Np2,
+                                  const Array<Single>& XGriD, const Array<Single>& YGriD,
+                                  SymmetricCase Isym, Integer& NF, Array<Single>& AufL,
+                                  Array<Integer>& NS) const;
+
+    /// Appends the restraints of the symmetry lines of a plate.
+    ///
+    /// Parameters and errors as for the wall plate.
+    void SymmetricalBoundaryPlate(Integer Nk, const Array<Single>& XGriD,
+                                  const Array<Single>& YGriD, SymmetricCase Isym, Integer& NF,
+                                  Array<Single>& AufL, Array<Integer>& NS) const;
+
+  private:
+    Single progressStartTime_; // seconds since midnight at step 1
+};
+
+} // namespace torlib
