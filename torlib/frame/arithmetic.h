@@ -29,7 +29,6 @@ using Long = std::int32_t;
 [[noreturn]] TORLIB_API void RaiseQuotient(double numerator);
 [[noreturn]] TORLIB_API void RaiseNotFinite(double value);
 [[noreturn]] TORLIB_API void RaiseIntegerOverflow(double value);
-[[noreturn]] TORLIB_API void RaiseLongOverflow(double value);
 [[noreturn]] TORLIB_API void RaiseDomain(const char* function, double argument);
 
 /// A double inside an expression. Division by zero raises 11, zero by zero raises 6.
@@ -37,7 +36,7 @@ class Real {
   public:
     constexpr Real() = default;
     template <class T>
-        requires std::is_arithmetic_v<T>
+    requires std::is_arithmetic_v<T>
     constexpr Real(T value) : value_(static_cast<double>(value)) {}
     constexpr Real(Single value);
     constexpr Real(Integer value);
@@ -93,7 +92,7 @@ class Single {
     constexpr Single() = default;
     constexpr Single(Real value) : value_(Round(value.Value())) {}
     template <class T>
-        requires std::is_arithmetic_v<T>
+    requires std::is_arithmetic_v<T>
     constexpr Single(T value) : value_(Round(static_cast<double>(value))) {}
     constexpr Single(Integer value);
 
@@ -151,32 +150,32 @@ concept IndexOperands = (std::same_as<L, Integer> && std::integral<R>) ||
                         (std::same_as<L, Integer> && std::same_as<R, Integer>);
 
 template <class L, class R>
-    requires IndexOperands<L, R>
+requires IndexOperands<L, R>
 constexpr int operator+(L a, R b) {
     return static_cast<int>(a) + static_cast<int>(b);
 }
 template <class L, class R>
-    requires IndexOperands<L, R>
+requires IndexOperands<L, R>
 constexpr int operator-(L a, R b) {
     return static_cast<int>(a) - static_cast<int>(b);
 }
 template <class L, class R>
-    requires IndexOperands<L, R>
+requires IndexOperands<L, R>
 constexpr int operator*(L a, R b) {
     return static_cast<int>(a) * static_cast<int>(b);
 }
 template <class L, class R>
-    requires IndexOperands<L, R>
+requires IndexOperands<L, R>
 constexpr Real operator/(L a, R b) {
     return Real(static_cast<int>(a)) / Real(static_cast<int>(b));
 }
 template <class L, class R>
-    requires IndexOperands<L, R>
+requires IndexOperands<L, R>
 constexpr bool operator==(L a, R b) {
     return static_cast<int>(a) == static_cast<int>(b);
 }
 template <class L, class R>
-    requires IndexOperands<L, R>
+requires IndexOperands<L, R>
 constexpr auto operator<=>(L a, R b) {
     return static_cast<int>(a) <=> static_cast<int>(b);
 }
@@ -214,7 +213,8 @@ class Range {
 
     class Iterator {
       public:
-        constexpr Iterator(int value, int left, int step) : value_(value), left_(left), step_(step) {}
+        constexpr Iterator(int value, int left, int step)
+            : value_(value), left_(left), step_(step) {}
         constexpr int operator*() const { return value_; }
         constexpr Iterator& operator++() {
             value_ += step_;

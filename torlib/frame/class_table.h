@@ -5,13 +5,172 @@
 //
 //     constexpr Member members[] = {
 //         Method<&FEM_Class::SolveMatrix>(u"SolveMatrix", u"Solves the banded system in place.",
-//             {{u"Nw"}, {u"N3"}, {u"A"}, {u"Q"}, {u"FrmShow", Omitted}, {u"PrograssBarMode", false},
+//             {u"Nw", u"N3", u"A", u"Q", {u"FrmShow", Omitted}, {u"PrograssBarMode", false},
 //              {u"ObjStbar", Omitted}}),
 //         PropertyGet<&TORVAClass::ReadExitcontrol>(u"Exitcontrol", u"..."),
-//         PropertyPut<&TORVAClass::WriteExitcontrol>(u"Exitcontrol", u"...", {{u"NewValue"}}),
+//         PropertyPut<&TORVAClass::WriteExitcontrol>(u"Exitcontrol", u"...", {u"NewValue"}),
 //         Reserved(u"BeamData"),   // keeps the slot of a member that has no code yet
 //     };
 //     const ClassInfo& FEM_Class::Info() {
 //         static const ClassInfo info = DescribeClass<FEM_Class>(u"FEM_Class", u"...", members);
 //         return info;
 //     }
+
+#include "torlib/frame/argument_cast.h"
+#include "torlib/frame/class_catalogue.h"
+
+#include <initializer_list>
+#include <span>
+#include <utility>
+
+namespace torlib {
+
+enum class MemberKind : std::uint8_t { Method, PropertyGet, PropertyPut, Reserved };
+
+inline constexpr std::size_t MaxParameters = 16;
+
+/// One row of a class table.
+struct Member {
+    using Thunk = void (*)(void* instance, std::span<const Variant> arguments,
+                           std::span<const Parameter> parameters, Variant* result);
+
+    std::u16string_view Name;
+    std::u16string_view Doc;
+    MemberKind Kind = MemberKind::Reserved;
+    std::size_t Count = 0;
+    Parameter Parameters[MaxParameters] = {};
+    ParameterType Types[MaxParameters] = {};
+    ParameterType Return = {};
+    Thunk Call = nullptr;
+};
+
+/// A public class: names, identifiers, members in interface order, and how instances are made.
+struct ClassInfo {
+    std::u16string_view Name;
+    std::u16string_view Doc;
+    Guid ClassId;
+    Guid InterfaceId;
+    std::span<const Member> Members;
+    void* (*Create)() = nullptr;
+    void (*Destroy)(void*) = nullptr;
+    void* (*DefaultInstance)() = nullptr;
+
+    /// The row of a member by name (case-blind) and kind of use, or nullptr.
+    TORLIB_API const Member* Find(std::u16string_view name, InvokeKind kind) const;
+};
+
+namespace table {
+
+template <std::size_t I, class P>
+struct CastSlot {
+    explicit CastSlot(const CastSource& source) : Cast(source) {}
+    ArgumentCast<P> Cast;
+};
+
+/// All casts of one call, built left to right, so that the first bad argument is the one named.
+template <class Indices, class... Args>
+struct CastPack;
+template <std::size_t... I, class... Args>
+struct CastPack<std::index_sequence<I...>, Args...> : CastSlot<I, Args>... {
+    CastPack([[maybe_unused]] std::span<const Variant> arguments,
+             [[maybe_unused]] std::span<const Parameter> parameters)
+        : CastSlot<I, Args>(CastSource{arguments[I], parameters[I]})... {}
+
+    template <class Function>
+    auto Apply(Function function) {
+        return function(static_cast<CastSlot<I, Args>&>(*this).Cast...);
+    }
+};
+
+template <auto Pointer, class Class, class Result, class... Args>
+struct Caller {
+    static void Call(void* instance, std::span<const Variant> arguments,
+                     std::span<const Parameter> parameters, Variant* result) {
+        CastPack<std::index_sequence_for<Args...>, Args...> casts(arguments, parameters);
+        auto* object = static_cast<Class*>(instance);
+        if constexpr (std::is_void_v<Result>) {
+            casts.Apply([object](auto&... cast) { (object->*Pointer)(cast.Get()...); });
+        } else {
+            *result = ToVariant(casts.Apply(
+                [object](auto&... cast) -> Result { return (object->*Pointer)(cast.Get()...); }));
+        }
+        casts.Apply([](auto&... cast) { (cast.Finish(), ...); });
+    }
+
+    static constexpr Member Row(std::u16string_view name, std::u16string_view doc, MemberKind kind,
+                                std::initializer_list<Parameter> parameters) {
+        static_assert(sizeof...(Args) <= MaxParameters);
+        Member row{name, doc, kind, sizeof...(Args), {}, {}, {}, &Call};
+        if (parameters.size() != sizeof...(Args)) {
+            throw "the row names another number of parameters than the member has";
+        }
+        std::size_t i = 0;
+        for (const Parameter& parameter : parameters) {
+            row.Parameters[i++] = parameter;
+        }
+        i = 0;
+        ((row.Types[i++] = TypeOf<Args>()), ...);
+        if constexpr (!std::is_void_v<Result>) {
+            row.Return = TypeOf<Result>();
+        }
+        return row;
+    }
+};
+
+template <auto Pointer, class Class, class Result, class... Args>
+Caller<Pointer, Class, Result, Args...> CallerOf(Result (Class::*)(Args...));
+template <auto Pointer, class Class, class Result, class... Args>
+Caller<Pointer, const Class, Result, Args...> CallerOf(Result (Class::*)(Args...) const);
+
+template <auto Pointer>
+using CallerFor = decltype(CallerOf<Pointer>(Pointer));
+
+} // namespace table
+
+template <auto Pointer>
+consteval Member Method(std::u16string_view name, std::u16string_view doc,
+                        std::initializer_list<Parameter> parameters = {}) {
+    return table::CallerFor<Pointer>::Row(name, doc, MemberKind::Method, parameters);
+}
+
+template <auto Pointer>
+consteval Member PropertyGet(std::u16string_view name, std::u16string_view doc,
+                             std::initializer_list<Parameter> parameters = {}) {
+    return table::CallerFor<Pointer>::Row(name, doc, MemberKind::PropertyGet, parameters);
+}
+
+template <auto Pointer>
+consteval Member PropertyPut(std::u16string_view name, std::u16string_view doc,
+                             std::initializer_list<Parameter> parameters) {
+    return table::CallerFor<Pointer>::Row(name, doc, MemberKind::PropertyPut, parameters);
+}
+
+/// Keeps the slot of a published member that has no code yet; calling it is an unknown member.
+consteval Member Reserved(std::u16string_view name) {
+    Member row;
+    row.Name = name;
+    return row;
+}
+
+/// Puts a table together with the class's fixed identifiers.
+template <class Class>
+ClassInfo DescribeClass(std::u16string_view name, std::u16string_view doc,
+                        std::span<const Member> members) {
+    const CatalogueEntry& entry = CatalogueEntryOf(name);
+    return {entry.Name,
+            doc,
+            entry.ClassId,
+            entry.InterfaceId,
+            members,
+            []() -> void* { return new Class; },
+            [](void* instance) { delete static_cast<Class*>(instance); },
+            []() -> void* { return &Class::DefaultInstance(); }};
+}
+
+/// The one implicit default instance of a class.
+template <class Class>
+Class& Default() {
+    return Class::DefaultInstance();
+}
+
+} // namespace torlib

@@ -24,7 +24,8 @@ const Bounds& SafeArray::Of(int dimension) const {
 void SafeArray::SetBounds(int dimensions, Bounds first, Bounds second) {
     for (const Bounds& range : {first, second}) {
         if (range.Upper < range.Lower - 1) {
-            RaiseError(ErrorNumber::OutOfRange, Label() + "bounds " + RangeText(range) + " are empty");
+            RaiseError(ErrorNumber::OutOfRange,
+                       Label() + "bounds " + RangeText(range) + " are empty");
         }
     }
     dimensions_ = dimensions;
@@ -45,12 +46,13 @@ void SafeArray::RaiseIndex(int i) const {
 void SafeArray::RaiseIndex(int i, int j) const {
     if (dimensions_ != 2) {
         RaiseError(ErrorNumber::OutOfRange,
-                   Label() + (dimensions_ == 0 ? "array is not allocated"
-                                               : "two indices given for an array of one dimension"));
+                   Label() + (dimensions_ == 0
+                                  ? "array is not allocated"
+                                  : "two indices given for an array of one dimension"));
     }
-    RaiseError(ErrorNumber::OutOfRange, Label() + "index (" + std::to_string(i) + ", " +
-                                            std::to_string(j) + ") outside (" +
-                                            RangeText(bounds_[0]) + ", " + RangeText(bounds_[1]) + ")");
+    RaiseError(ErrorNumber::OutOfRange,
+               Label() + "index (" + std::to_string(i) + ", " + std::to_string(j) + ") outside (" +
+                   RangeText(bounds_[0]) + ", " + RangeText(bounds_[1]) + ")");
 }
 
 void SafeArray::RaiseSize(int n) const {

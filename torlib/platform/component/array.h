@@ -103,8 +103,11 @@ class TORLIB_API SafeArray {
 template <class T>
 class Array final : public SafeArray {
   public:
+    static constexpr ValueType ElementTypeCode = ValueTypeOf<T>::Type;
+    static constexpr const char16_t* ElementRecordName = ValueTypeOf<T>::RecordName;
+
     /// An array that is not allocated: every index is out of range until ReDim.
-    Array() : SafeArray(ValueTypeOf<T>::Type, ValueTypeOf<T>::RecordName) {}
+    Array() : SafeArray(ElementTypeCode, ElementRecordName) {}
     explicit Array(Bounds bounds) : Array() { Allocate(1, bounds, {0, 0}); }
     Array(Bounds rows, Bounds columns) : Array() { Allocate(2, rows, columns); }
 

@@ -18,20 +18,21 @@ namespace torlib {
 
 /// The closed set of error numbers, with when each is used.
 enum class ErrorNumber : int {
-    InvalidArgument = 5,        ///< a mathematical function outside its domain, a senseless value
-    Overflow = 6,               ///< a stored value outside its type, or 0/0
-    OutOfRange = 9,             ///< an index outside an array, or a wrong number of dimensions
-    DivisionByZero = 11,        ///< anything but zero divided by zero
-    TypeMismatch = 13,          ///< an argument that cannot be converted to the parameter's type
-    FileNotFound = 53,          ///< a file that is needed and not there
-    FileNotWritable = 75,       ///< a file or folder that cannot be read or written
-    ObjectNotSet = 91,          ///< a member of no object was asked for
-    ObjectRequired = 424,       ///< a value that is not an object stands where an object must
-    CannotCreateObject = 429,   ///< no server for a class, or the server failed to make an object
-    NoSuchMember = 438,         ///< a late-bound call of a member that the object does not have
-    NoSuchNamedArgument = 448,  ///< a named argument that the member does not have
-    ArgumentNotOptional = 449,  ///< a required argument was left out
-    WrongArgumentCount = 450,   ///< more arguments than parameters, or one given twice
+    InvalidArgument = 5,       ///< a mathematical function outside its domain, a senseless value
+    Overflow = 6,              ///< a stored value outside its type, or 0/0
+    OutOfMemory = 7,           ///< no memory for an array or an object
+    OutOfRange = 9,            ///< an index outside an array, or a wrong number of dimensions
+    DivisionByZero = 11,       ///< anything but zero divided by zero
+    TypeMismatch = 13,         ///< an argument that cannot be converted to the parameter's type
+    FileNotFound = 53,         ///< a file that is needed and not there
+    FileNotWritable = 75,      ///< a file or folder that cannot be read or written
+    ObjectNotSet = 91,         ///< a member of no object was asked for
+    ObjectRequired = 424,      ///< a value that is not an object stands where an object must
+    CannotCreateObject = 429,  ///< no server for a class, or the server failed to make an object
+    NoSuchMember = 438,        ///< a late-bound call of a member that the object does not have
+    NoSuchNamedArgument = 448, ///< a named argument that the member does not have
+    ArgumentNotOptional = 449, ///< a required argument was left out
+    WrongArgumentCount = 450,  ///< more arguments than parameters, or one given twice
 };
 
 /// A run-time error: number, public member at work (may be empty) and description.

@@ -1,0 +1,229 @@
+#pragma once
+// From a late-bound argument to a typed parameter and back: conversion with error 13, defaults of
+// arguments that were left out, arrays without a copy, by-reference scalars written back (also when
+// the member fails).
+
+#include "torlib/frame/arithmetic.h"
+#include "torlib/frame/optional_ref.h"
+#include "torlib/platform/component/variant.h"
+
+#include <string_view>
+#include <type_traits>
+
+namespace torlib {
+
+/// Marks an optional parameter without a default: it is taken as 0, false, an empty text, no
+/// object, or a variant marked as missing.
+struct OmittedTag {};
+inline constexpr OmittedTag Omitted{};
+
+/// Name and default of a parameter; a bare name is a required parameter.
+struct Parameter {
+    enum class DefaultKind : std::uint8_t { Required, LeftOut, Boolean, Number };
+
+    constexpr Parameter() = default;
+    constexpr Parameter(const char16_t* name) : Name(name) {}
+    constexpr Parameter(const char16_t* name, OmittedTag)
+        : Name(name), Default(DefaultKind::LeftOut) {}
+    constexpr Parameter(const char16_t* name, bool value)
+        : Name(name), Default(DefaultKind::Boolean), Value(value) {}
+    constexpr Parameter(const char16_t* name, int value)
+        : Name(name), Default(DefaultKind::Number), Value(value) {}
+
+    std::u16string_view Name;
+    DefaultKind Default = DefaultKind::Required;
+    int Value = 0;
+};
+
+/// The published name of an enumeration or record type; specialised in frame/enumerations.h.
+template <class T>
+struct PublishedName {
+    static constexpr const char16_t* Name = nullptr;
+};
+
+/// How a parameter is typed and passed.
+struct ParameterType {
+    ValueType Type = ValueType::None;
+    const char16_t* TypeName = nullptr; ///< name of a record or enumeration, else nullptr
+    bool IsArray = false;
+    bool ByReference = false;
+    bool Writable = false;
+};
+
+/// The argument to convert and the parameter it is for.
+struct CastSource {
+    const Variant& Value;
+    const Parameter& For;
+};
+
+namespace table {
+
+/// The argument, or the parameter's default when it was left out.
+TORLIB_API Variant Effective(const CastSource& source);
+/// The caller's array when its elements are of this type; otherwise raises 13 naming the parameter.
+TORLIB_API SafeArray& CheckedArray(const CastSource& source, ValueType type,
+                                   const char16_t* recordName);
+
+template <class T>
+T FromVariant(const Variant& value) {
+    if constexpr (std::is_same_v<T, Variant>) {
+        return value;
+    } else if constexpr (std::is_same_v<T, Integer>) {
+        return value.ToInteger();
+    } else if constexpr (std::is_same_v<T, Single>) {
+        return value.ToSingle();
+    } else if constexpr (std::is_same_v<T, double>) {
+        return value.ToDouble();
+    } else if constexpr (std::is_same_v<T, bool>) {
+        return value.ToBoolean();
+    } else if constexpr (std::is_same_v<T, String>) {
+        return value.ToText();
+    } else if constexpr (std::is_same_v<T, Object>) {
+        return value.ToObject();
+    } else {
+        static_assert(std::is_same_v<T, Long> || std::is_enum_v<T>);
+        return static_cast<T>(value.ToLong());
+    }
+}
+
+template <class T>
+struct Description {
+    static constexpr ParameterType Value{std::is_enum_v<T>            ? ValueType::Long
+                                         : std::is_same_v<T, bool>    ? ValueType::Boolean
+                                         : std::is_same_v<T, Object>  ? ValueType::Object
+                                         : std::is_same_v<T, Variant> ? ValueType::Variant
+                                                                      : ValueType::None,
+                                         PublishedName<T>::Name};
+};
+template <class T>
+requires requires {
+    ValueTypeOf<T>::Type;
+}
+struct Description<T> {
+    static constexpr ParameterType Value{ValueTypeOf<T>::Type, ValueTypeOf<T>::RecordName};
+};
+template <class T>
+struct Description<Array<T>> {
+    static constexpr ParameterType Value{Array<T>::ElementTypeCode, Array<T>::ElementRecordName,
+                                         true};
+};
+template <class T>
+struct Description<OptionalRef<T>> {
+    static constexpr ParameterType Value{ValueTypeOf<T>::Type, nullptr, false, true, true};
+};
+
+template <class P>
+constexpr ParameterType TypeOf() {
+    ParameterType type = Description<std::remove_cvref_t<P>>::Value;
+    if (std::is_reference_v<P>) {
+        type.Writable = !std::is_const_v<std::remove_reference_t<P>>;
+        // A text, an object or a variant passed as a constant reference is a value to the caller.
+        type.ByReference = type.Writable || type.IsArray ||
+                           (type.Type != ValueType::Object && type.Type != ValueType::String &&
+                            type.Type != ValueType::Variant);
+    }
+    return type;
+}
+
+template <class T>
+Variant ToVariant(const T& value) {
+    if constexpr (std::is_enum_v<T>) {
+        return Variant(static_cast<Long>(value));
+    } else {
+        return Variant(value);
+    }
+}
+
+/// Converts, and names the parameter in the error of a failed conversion.
+template <class T>
+T Convert(const CastSource& source) {
+    try {
+        if constexpr (std::is_same_v<T, Variant>) {
+            return source.Value.IsMissing() ? source.Value : Effective(source);
+        } else {
+            return FromVariant<T>(Effective(source));
+        }
+    } catch (const RunTimeError& error) {
+        throw RunTimeError(error.Number(), error.Member(),
+                           ToUtf8(source.For.Name) + ": " + error.Description());
+    }
+}
+
+} // namespace table
+
+/// A value parameter, or a reference that is only read.
+template <class P>
+class ArgumentCast {
+    using T = std::remove_cvref_t<P>;
+
+  public:
+    explicit ArgumentCast(const CastSource& source) : value_(table::Convert<T>(source)) {}
+    const T& Get() const { return value_; }
+    void Finish() const {}
+
+  private:
+    T value_;
+};
+
+/// A scalar that the member may change.
+template <class T>
+requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T>) class ArgumentCast<T&> {
+  public:
+    explicit ArgumentCast(const CastSource& source)
+        : target_(source.Value), value_(table::Convert<T>(source)) {}
+    ArgumentCast(const ArgumentCast&) = delete;
+    ArgumentCast& operator=(const ArgumentCast&) = delete;
+    ~ArgumentCast() {
+        if (finished_) {
+            return;
+        }
+        try {
+            Finish();
+        } catch (const RunTimeError&) {
+            // The member's own error is already on its way to the caller.
+        }
+    }
+    T& Get() { return value_; }
+    void Finish() {
+        finished_ = true;
+        target_.Assign(table::ToVariant(value_));
+    }
+
+  private:
+    const Variant& target_;
+    T value_;
+    bool finished_ = false;
+};
+
+/// A scalar output that may be left out.
+template <class T>
+class ArgumentCast<OptionalRef<T>> {
+  public:
+    explicit ArgumentCast(const CastSource& source)
+        : scalar_(source), present_(!source.Value.IsMissing()) {}
+    OptionalRef<T> Get() { return present_ ? OptionalRef<T>(scalar_.Get()) : OptionalRef<T>(); }
+    void Finish() { scalar_.Finish(); }
+
+  private:
+    ArgumentCast<T&> scalar_;
+    bool present_;
+};
+
+/// An array, passed on without a copy.
+template <class P>
+requires std::is_base_of_v<SafeArray, std::remove_cvref_t<P>>
+class ArgumentCast<P> {
+    using A = std::remove_cvref_t<P>;
+
+  public:
+    explicit ArgumentCast(const CastSource& source)
+        : array_(static_cast<A&>(
+              table::CheckedArray(source, A::ElementTypeCode, A::ElementRecordName))) {}
+    A& Get() const { return array_; }
+    void Finish() const {}
+
+  private:
+    A& array_;
+};
+
+} // namespace torlib

@@ -1,0 +1,210 @@
+#include "torlib/frame/class_object.h"
+
+#include "torlib/platform/component/nearest_names.h"
+
+#include <array>
+#include <atomic>
+
+namespace torlib {
+
+namespace {
+
+std::atomic<long> live_objects{0};
+
+bool Fits(MemberKind member, InvokeKind use) {
+    switch (member) {
+        case MemberKind::Method:
+            return use == InvokeKind::Method || use == InvokeKind::MethodOrGet;
+        case MemberKind::PropertyGet:
+            return use == InvokeKind::PropertyGet || use == InvokeKind::MethodOrGet;
+        case MemberKind::PropertyPut:
+            return use == InvokeKind::PropertyPut;
+        case MemberKind::Reserved:
+            return false;
+    }
+    return false;
+}
+
+[[noreturn]] void RaiseUnknownMember(const ClassInfo& info, std::u16string_view name) {
+    std::vector<std::string> known;
+    for (const Member& member : info.Members) {
+        if (member.Kind != MemberKind::Reserved) {
+            known.push_back(ToUtf8(member.Name));
+        }
+    }
+    RaiseError(ErrorNumber::NoSuchMember, ToUtf8(info.Name) + " has no member " + ToUtf8(name) +
+                                              " of this use" + Suggestion(ToUtf8(name), known));
+}
+
+std::size_t PlaceOf(const Member& member, std::u16string_view name) {
+    std::vector<std::string> known;
+    for (std::size_t i = 0; i < member.Count; ++i) {
+        if (SameName(member.Parameters[i].Name, name)) {
+            return i;
+        }
+        known.push_back(ToUtf8(member.Parameters[i].Name));
+    }
+    RaiseError(ErrorNumber::NoSuchNamedArgument,
+               "there is no parameter " + ToUtf8(name) + Suggestion(ToUtf8(name), known));
+}
+
+using Places = std::array<Variant, MaxParameters>;
+
+/// Positional arguments first, then named ones; what is left stays missing.
+void PlaceArguments(const Member& member, std::span<Argument> arguments, Places& places) {
+    std::array<bool, MaxParameters> given{};
+    std::size_t position = 0;
+    for (const Argument& argument : arguments) {
+        const bool positional = argument.Name.empty();
+        if (positional && position >= member.Count) {
+            RaiseError(ErrorNumber::WrongArgumentCount,
+                       "at most " + std::to_string(member.Count) + " arguments are possible");
+        }
+        const std::size_t place = positional ? position++ : PlaceOf(member, argument.Name);
+        if (given[place]) {
+            RaiseError(ErrorNumber::WrongArgumentCount,
+                       "the argument " + ToUtf8(member.Parameters[place].Name) + " is given twice");
+        }
+        given[place] = true;
+        places[place] = argument.Value;
+    }
+}
+
+class ClassObject final : public Dispatch {
+  public:
+    ClassObject(const ClassInfo& info, void* instance, bool owner)
+        : info_(info), instance_(instance), owner_(owner) {
+        ++live_objects;
+    }
+    ClassObject(const ClassObject&) = delete;
+    ClassObject& operator=(const ClassObject&) = delete;
+    virtual ~ClassObject() {
+        if (owner_) {
+            info_.Destroy(instance_);
+        }
+        --live_objects;
+    }
+
+    Result QueryInterface(const Guid& interface, void** object) override {
+        if (interface != IidUnknown && interface != IidDispatch && interface != info_.InterfaceId) {
+            *object = nullptr;
+            return Result::NoInterface;
+        }
+        AddRef();
+        *object = static_cast<Dispatch*>(this);
+        return Result::Ok;
+    }
+    std::uint32_t AddRef() override { return ++references_; }
+    std::uint32_t Release() override {
+        const std::uint32_t left = --references_;
+        if (left == 0) {
+            delete this;
+        }
+        return left;
+    }
+
+    /// The one place where exceptions become error records.
+    Result Invoke(std::u16string_view member, InvokeKind kind, std::span<Argument> arguments,
+                  Variant* result, ErrorRecord* error) override {
+        const std::string label = ToUtf8(info_.Name) + "." + ToUtf8(member);
+        try {
+            const MemberScope scope(label.c_str());
+            Run(member, kind, arguments, result);
+            return Result::Ok;
+        } catch (const RunTimeError& failure) {
+            *error = {static_cast<int>(failure.Number()),
+                      failure.Member().empty() ? label : failure.Member(), failure.Description()};
+        } catch (const std::bad_alloc&) {
+            *error = {static_cast<int>(ErrorNumber::OutOfMemory), label, "out of memory"};
+        } catch (const std::exception& failure) {
+            *error = {static_cast<int>(ErrorNumber::InvalidArgument), label, failure.what()};
+        }
+        return Result::Exception;
+    }
+
+  private:
+    void Run(std::u16string_view name, InvokeKind kind, std::span<Argument> arguments,
+             Variant* result) {
+        const Member* member = info_.Find(name, kind);
+        if (!member) {
+            RaiseUnknownMember(info_, name);
+        }
+        Places places;
+        places.fill(Missing());
+        PlaceArguments(*member, arguments, places);
+        member->Call(instance_, std::span(places).first(member->Count),
+                     std::span(member->Parameters).first(member->Count), result);
+    }
+
+    const ClassInfo& info_;
+    void* instance_;
+    bool owner_;
+    std::atomic<std::uint32_t> references_{0};
+};
+
+} // namespace
+
+const Member* ClassInfo::Find(std::u16string_view name, InvokeKind kind) const {
+    for (const Member& member : Members) {
+        if (SameName(member.Name, name) && Fits(member.Kind, kind)) {
+            return &member;
+        }
+    }
+    return nullptr;
+}
+
+Object NewObject(const ClassInfo& info) {
+    return Object(new ClassObject(info, info.Create(), true));
+}
+
+Object DefaultObject(const ClassInfo& info) {
+    return Object(new ClassObject(info, info.DefaultInstance(), false));
+}
+
+long LiveObjects() {
+    return live_objects;
+}
+
+namespace table {
+
+Variant Effective(const CastSource& source) {
+    const Parameter& parameter = source.For;
+    if (!source.Value.IsMissing()) {
+        return source.Value;
+    }
+    switch (parameter.Default) {
+        case Parameter::DefaultKind::Boolean:
+            return Variant(parameter.Value != 0);
+        case Parameter::DefaultKind::Number:
+            return Variant(std::int32_t{parameter.Value});
+        case Parameter::DefaultKind::LeftOut:
+            return {};
+        case Parameter::DefaultKind::Required:
+            break;
+    }
+    RaiseError(ErrorNumber::ArgumentNotOptional, "the argument is not optional");
+}
+
+SafeArray& CheckedArray(const CastSource& source, ValueType type, const char16_t* recordName) {
+    const std::string name = ToUtf8(source.For.Name);
+    if (source.Value.IsMissing()) {
+        RaiseError(ErrorNumber::ArgumentNotOptional, name + ": the argument is not optional");
+    }
+    const std::u16string_view wanted = recordName ? recordName : u"";
+    try {
+        SafeArray& array = source.Value.ToArray();
+        const std::u16string_view given = array.RecordName() ? array.RecordName() : u"";
+        if (array.ElementType() == type && given == wanted) {
+            return array;
+        }
+    } catch (const RunTimeError&) {
+        // The message below says it in the terms of the parameter.
+    }
+    RaiseError(ErrorNumber::TypeMismatch, name +
+                                              ": an array of another element type is needed, not " +
+                                              source.Value.KindName());
+}
+
+} // namespace table
+
+} // namespace torlib

@@ -1,0 +1,70 @@
+#pragma once
+// A counted reference to a late-bound object, with the calls spelled out.
+//
+//     Object form = ...;
+//     form.Get(u"PrB").ToObject().Put(u"Value", 3);
+//     fem.Invoke(u"SolveMatrix", {Nw, N3, ByRef(A), ByRef(Q)});
+//     fem.Invoke(u"SolveMatrix", {Nw, N3, ByRef(A), ByRef(Q), {u"PrograssBarMode", true}});
+
+#include "torlib/platform/component/unknown.h"
+
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
+namespace torlib {
+
+class TORLIB_API Object {
+  public:
+    Object() = default;
+    Object(std::nullptr_t) {}
+    /// Shares the object: takes a reference of its own.
+    explicit Object(Dispatch* dispatch) : dispatch_(dispatch) {
+        if (dispatch_) {
+            dispatch_->AddRef();
+        }
+    }
+    Object(const Object& other) : Object(other.dispatch_) {}
+    Object(Object&& other) noexcept : dispatch_(std::exchange(other.dispatch_, nullptr)) {}
+    Object& operator=(Object other) noexcept {
+        std::swap(dispatch_, other.dispatch_);
+        return *this;
+    }
+    ~Object() {
+        if (dispatch_) {
+            dispatch_->Release();
+        }
+    }
+
+    /// Takes over a reference that the caller already holds.
+    static Object Adopt(Dispatch* dispatch) {
+        Object object;
+        object.dispatch_ = dispatch;
+        return object;
+    }
+
+    explicit operator bool() const noexcept { return dispatch_ != nullptr; }
+    Dispatch* Pointer() const noexcept { return dispatch_; }
+    friend bool operator==(const Object& a, const Object& b) { return a.dispatch_ == b.dispatch_; }
+
+    /// Reads a property. Errors of the object come back with their number; no object raises 91.
+    Variant Get(std::u16string_view property) const;
+    /// Sets a property.
+    void Put(std::u16string_view property, const Variant& value) const;
+    /// Sets a property that takes indices.
+    void PutIndexed(std::u16string_view property, std::vector<Argument> indices,
+                    const Variant& value) const;
+    /// Calls a method or reads a property, with positional and named arguments.
+    Variant Invoke(std::u16string_view member, std::vector<Argument> arguments) const;
+    Variant Invoke(std::u16string_view member) const;
+
+  private:
+    Variant Run(std::u16string_view member, InvokeKind kind,
+                std::vector<Argument>& arguments) const;
+
+    Dispatch* dispatch_ = nullptr;
+};
+
+} // namespace torlib
+
+#include "torlib/platform/component/variant.h"
