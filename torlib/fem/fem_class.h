@@ -27,7 +27,7 @@
 
 namespace torlib {
 
-class ClassInfo;
+struct ClassInfo;
 
 class TORLIB_API FEM_Class {
   public:

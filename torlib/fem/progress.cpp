@@ -1,0 +1,78 @@
+// The progress display of a long computation on the host's calculation form and status bar.
+
+#include "torlib/fem/fem_class.h"
+#include "torlib/frame/companion_services.h"
+#include "torlib/platform/clock.h"
+#include "torlib/platform/windows/events.h"
+
+#include <cmath>
+
+namespace torlib {
+
+namespace {
+
+// String numbers of the language service.
+constexpr int RemainingTimeText = 60015;
+constexpr int StepText = 60016;
+
+Single Read(const Object& control, const char16_t* property) {
+    return control.Get(property).ToDouble();
+}
+
+/// At least two digits; halves round away from zero.
+String TwoDigits(Single value) {
+    const auto whole = std::lround(value.Value());
+    const String digits = FromUtf8(std::to_string(std::labs(whole)));
+    return (whole < 0 ? u"-" : u"") + (digits.size() < 2 ? u"0" + digits : digits);
+}
+
+String ClockText(Single R) {
+    Single minutes = Int(R / 60);
+    const Single seconds = R - minutes * 60;
+    const Single hours = Int(minutes / 60);
+    minutes = minutes - hours * 60;
+    return TwoDigits(hours) + u":" + TwoDigits(minutes) + u":" + TwoDigits(seconds);
+}
+
+void ShowRemainingTime(const Object& bar, const Object& label, Single startTime) {
+    label.Put(u"Visible", true);
+    const Single elapsed = SecondsSinceMidnight() - startTime;
+    const Single R = (Read(bar, u"Max") - Read(bar, u"Value")) * (elapsed / Read(bar, u"Value"));
+    label.Put(u"Caption",
+              Companions().Language().LoadText(RemainingTimeText, {}) + u" " + ClockText(R));
+    if (Read(bar, u"Value") == Read(bar, u"Max")) {
+        label.Put(u"Visible", false);
+    }
+}
+
+void ShowStatus(const Object& ObjStbar, const String& text) {
+    ObjStbar.Get(u"Panels").ToObject().PutIndexed(u"Item", {1}, text);
+    ObjStbar.Invoke(u"Refresh");
+}
+
+} // namespace
+
+void FEM_Class::ProgressBarValue(const Object& FrmShow, const Integer& ProgressValue,
+                                 const Object& ObjStbar) {
+    const MemberScope scope("FEM_Class.ProgressBarValue", Named("FrmShow", FrmShow),
+                            Named("ObjStbar", ObjStbar));
+    const Object bar = FrmShow.Get(u"PrB").ToObject();
+    bar.Put(u"Value", ProgressValue);
+    const Object timeLabel = FrmShow.Get(u"lbltime").ToObject();
+    if (ProgressValue == 1) {
+        progressStartTime_ = SecondsSinceMidnight();
+        timeLabel.Put(u"Visible", false);
+    } else {
+        ShowRemainingTime(bar, timeLabel, progressStartTime_);
+    }
+    const Object stepLabel = FrmShow.Get(u"LblStufe").ToObject();
+    stepLabel.Put(u"Caption", Companions().Language().LoadText(
+                                  StepText, {u"|1", ProgressValue, u"|2", bar.Get(u"Max")}));
+    if (ObjStbar.Get(u"Visible").ToBoolean()) {
+        const bool finished = Read(bar, u"Value") == Read(bar, u"Max");
+        ShowStatus(ObjStbar, finished ? u"" : u"  " + stepLabel.Get(u"Caption").ToText());
+    }
+    DoEvents();
+}
+
+} // namespace torlib
