@@ -5,9 +5,9 @@
 // flexibility of the soil under a foundation.
 //
 //     Soil_Class soil;
-//     Single w = soil.Co_P_HS(x1, x2, y1, y2, Anue) * P / E;          // settlement under a point
-//     load geometry.TriangularGeometry(XI, Yi, Xj, Yj, XK, YK, Dt, ET, FT); Single s =
-//     soil.Sz_q_ST(FT, Dt, ET, ZG, AreaNode);              // summed over the triangles
+//     Real settlement = soil.Co_P_HS(x1, x2, y1, y2, Anue) * P / E;
+//     geometry.TriangularGeometry(XI, Yi, Xj, Yj, XK, YK, Dt, ET, FT);
+//     Real stress = soil.Sz_q_ST(FT, Dt, ET, ZG, AreaNode) * P;   // summed over the triangles
 //
 // Files in reading order: point_load.cpp (inside the half-space, under a point load),
 // triangle_load.cpp (the same under a triangle), flexibility.cpp (settlement and compression
@@ -18,20 +18,21 @@
 // - Any one unit of length. Stresses are per unit load; displacements are per unit load and unit
 //   modulus of elasticity. `Anue` is Poisson's ratio; no argument is validated.
 // - Point load: it acts at (`x2`, `y2`) on the surface, the value is sought at (`x1`, `y1`) in the
-//   depth `ZG`, downward positive. dx = x1 - x2, dy = y1 - y2, r is the distance in plan, R in
+//   depth `ZG`, downward positive. dx = x1 - x2, dy = y1 - y2; r is the distance in plan, R that in
 //   space.
 // - Triangle: one corner stands above the point where the value is sought. `FT` is the distance h
-// of
-//   that corner from the line through the opposite side; `Dt` and `ET` are the signed distances d
-//   of the side's ends from the foot of the perpendicular, both positive when the foot lies between
-//   them. The triangle carries the pressure 1/`AreaNode`. A distance of 0 contributes nothing.
+//   of that corner from the line through the opposite side; `Dt` and `ET` are the signed distances
+//   d of the side's ends from the foot of the perpendicular, both positive when the foot lies
+//   between them. The triangle carries the pressure 1/`AreaNode`. A distance of 0 contributes
+//   nothing.
 // - Signs: normal stresses are positive in compression, settlements downward, horizontal
 //   displacements of a point load towards +x and +y. Shear stresses are positive as in continuum
 //   mechanics, with tension positive and z downward.
 // - Expressions are evaluated in double precision and rounded when returned; sums that are kept in
 //   32 bits are named below. No member changes its arguments, but for `ZG` of Co_P_LM.
 // - Errors: 11 for a division by zero, 6 for 0/0 or a value too large, 5 for a logarithm or root
-//   outside its domain. For h > 0 and an area that is not zero the triangles raise none.
+//   outside its domain. For h > 0 and an area that is not zero the triangles raise none, unless h
+//   is lost beside d in double precision.
 
 #include "torlib/frame/arithmetic.h"
 
