@@ -1,0 +1,131 @@
+#include "hosts/slab/output.h"
+#include "hosts/slab/quantities.h"
+#include "hosts/slab/report_lines.h"
+
+#include <nlohmann/json.hpp>
+
+namespace slab {
+
+using Json = nlohmann::ordered_json;
+
+namespace {
+
+Json UnitsOf(const Model& model) {
+    Json units;
+    units["length"] = model.Units.LengthName;
+    for (const Quantity* row : QuantitiesOf(model)) {
+        units[row->Key] = UnitName(model.Units, row->Kind);
+    }
+    units["force"] = model.Units.ForceName;
+    units["moment"] = model.Units.ForceName + "." + model.Units.LengthName;
+    return units;
+}
+
+Json NodesOf(const Model& model, const Results& results) {
+    const auto rows = QuantitiesOf(model);
+    Json nodes = Json::array();
+    for (std::size_t i = 0; i < results.Nodes.size(); ++i) {
+        Json node;
+        node["node"] = i + 1;
+        node["x"] = model.Nodes[i].x / model.Units.Length;
+        node["y"] = model.Nodes[i].y / model.Units.Length;
+        for (const Quantity* row : rows) {
+            node[row->Key] = InUnits(model.Units, row->Kind, results.Nodes[i].*row->Member);
+        }
+        nodes.push_back(std::move(node));
+    }
+    return nodes;
+}
+
+Json ElementsOf(const Model& model) {
+    Json elements = Json::array();
+    for (const Element& element : model.Elements) {
+        Json corners = Json::array();
+        for (int k = 0; k < element.Corners; ++k) {
+            corners.push_back(element.Node[static_cast<std::size_t>(k)]);
+        }
+        elements.push_back({{"nodes", std::move(corners)},
+                            {"group", model.Groups[static_cast<std::size_t>(element.Group)].Name}});
+    }
+    return elements;
+}
+
+Json ExtremesJson(const Model& model, const Results& results) {
+    Json all;
+    for (const Quantity* row : QuantitiesOf(model)) {
+        const Extremes found = ExtremesOf(results, *row);
+        const auto value = [&](const Extreme& extreme) {
+            return Json{{"value", InUnits(model.Units, row->Kind, extreme.Value)},
+                        {"node", extreme.Node}};
+        };
+        all[row->Key] = {{"least", value(found.Least)}, {"greatest", value(found.Greatest)}};
+    }
+    return all;
+}
+
+Json ReactionsOf(const Model& model, const Results& results) {
+    const double force = model.Units.Force;
+    const double moment = force * model.Units.Length;
+    Json reactions = Json::array();
+    for (const Reaction& reaction : results.Reactions) {
+        reactions.push_back({{"node", reaction.Node},
+                             {"kind", reaction.IsSpring ? "spring" : "support"},
+                             {"force", reaction.Force[0] / force},
+                             {"moment_x", reaction.Force[1] / moment},
+                             {"moment_y", reaction.Force[2] / moment}});
+    }
+    return reactions;
+}
+
+Json IterationOf(const Model& model, const Results& results) {
+    Json cycles = Json::array();
+    for (const Cycle& cycle : results.Cycles) {
+        cycles.push_back({{"cycle", cycle.Number},
+                          {"change", InUnits(model.Units, Dimension::Settlement, cycle.Change)},
+                          {"mismatch", InUnits(model.Units, Dimension::Settlement, cycle.Mismatch)}});
+    }
+    return {{"converged", results.Converged}, {"cycles", std::move(cycles)}};
+}
+
+Json BalanceOf(const Model& model, const Balance& balance) {
+    const double force = model.Units.Force;
+    return {{"loads", balance.Loads / force},
+            {"soil", balance.Soil / force},
+            {"supports", balance.Supports / force},
+            {"springs", balance.Springs / force},
+            {"relative_error", balance.RelativeError}};
+}
+
+} // namespace
+
+std::string JsonText(const Model& model, const Results& results) {
+    Json document;
+    document["title"] = model.Title;
+    document["file"] = model.File;
+    document["units"] = UnitsOf(model);
+    document["system"] = {{"nodes", model.Nodes.size()},
+                          {"elements", model.Elements.size()},
+                          {"equations", results.Equations},
+                          {"half_band_width", results.HalfBandWidth},
+                          {"soil", SoilName(model.Soil.Kind)},
+                          {"symmetry", SymmetryName(model.Symmetry)}};
+    document["extremes"] = ExtremesJson(model, results);
+    document["balance"] = BalanceOf(model, results.Balance);
+    document["digits"] = {{"residual_before", results.Digits.ResidualBefore},
+                          {"residual_after", results.Digits.ResidualAfter},
+                          {"corrected", results.Digits.Corrected},
+                          {"steps", results.Digits.Steps},
+                          {"change_of_solution", results.Digits.ChangeOfSolution}};
+    document["iteration"] = IterationOf(model, results);
+    document["seconds"] = {{"solver", results.SolverSeconds},
+                           {"soil", results.SoilSeconds},
+                           {"total", results.TotalSeconds}};
+    document["warnings"] = results.Warnings;
+    document["nodes"] = NodesOf(model, results);
+    document["elements"] = ElementsOf(model);
+    document["reactions"] = ReactionsOf(model, results);
+    // A file name or title may hold bytes that are no UTF-8; they must not cost the results.
+    return document.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+} // namespace slab
