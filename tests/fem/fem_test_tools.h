@@ -1,0 +1,152 @@
+#pragma once
+// What the tests of the finite-element core share: error numbers, and a plate on a regular mesh.
+
+#include "torlib/fem/fem_class.h"
+#include "torlib/fem/restraint_list.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace torlib::test {
+
+/// Number of the run-time error that a call ends with, 0 for none.
+template <class F>
+int ErrorOf(F call) {
+    try {
+        call();
+    } catch (const RunTimeError& error) {
+        return static_cast<int>(error.Number());
+    }
+    return 0;
+}
+
+enum class Mesh { Rectangles, Triangles };
+
+/// A plate a x b of nx x ny cells, unit flexural rigidity unless the members are changed; triangles
+/// halve each cell along the same diagonal. Nodes count from the corner (0, 0) along x.
+struct PlateModel {
+    PlateModel(int nxCells, int nyCells, double a, double b, Mesh meshKind = Mesh::Rectangles)
+        : nx(nxCells),
+          ny(nyCells),
+          Nk((nx + 1) * (ny + 1)),
+          mesh(meshKind),
+          X(Bounds{0, Nk}),
+          Y(Bounds{0, Nk}) {
+        for (int j = 0; j <= ny; ++j) {
+            for (int i = 0; i <= nx; ++i) {
+                X(Node(i, j)) = a * i / nx;
+                Y(Node(i, j)) = b * j / ny;
+            }
+        }
+    }
+
+    int Node(int i, int j) const { return j * (nx + 1) + i + 1; }
+    static int Equation(int node, int freedom) { return 3 * (node - 1) + freedom; }
+    double Value(int node, int freedom = 1) const { return Q(Equation(node, freedom)).Value(); }
+
+    /// Stiffness and uniform pressure of all elements.
+    void Assemble(double pressure) {
+        Array<Integer> types;
+        Array<Integer> corners;
+        ListElements(types, corners);
+        fem.GetBandWidth(Nw, NE, types, corners);
+        A = Array<Single>(Bounds{1, 3 * Nk + Nw - 1}, Bounds{1, Nw});
+        Q = Array<Single>(Bounds{1, 3 * Nk + Nw - 1});
+        for (int element = 1; element <= NE; ++element) {
+            AddElement(types(element), element, corners, pressure);
+        }
+    }
+
+    void Restrain(int node, int freedom, double value = 0) {
+        AppendRestraint(NF, NS, AufL, Equation(node, freedom), value);
+    }
+    /// Holds w and the slope along the edge; clamped edges hold the slope across it as well.
+    void SupportEdges(bool left, bool right, bool bottom, bool top, bool clamped) {
+        for (int node = 1; node <= Nk; ++node) {
+            const int i = (node - 1) % (nx + 1);
+            const int j = (node - 1) / (nx + 1);
+            const bool onX = (left && i == 0) || (right && i == nx);
+            const bool onY = (bottom && j == 0) || (top && j == ny);
+            if (onX || onY) {
+                Restrain(node, 1);
+            }
+            if (onY || (onX && clamped)) {
+                Restrain(node, 2);
+            }
+            if (onX || (onY && clamped)) {
+                Restrain(node, 3);
+            }
+        }
+    }
+    void Solve() {
+        ASSERT_FALSE(fem.SetBoundaryToMatrix(Nw, NF, A, Q, AufL, NS));
+        ASSERT_FALSE(fem.SolveMatrix(Nw, 3 * Nk, A, Q));
+    }
+
+    int nx;
+    int ny;
+    int Nk;
+    Mesh mesh;
+    Array<Single> X;
+    Array<Single> Y;
+    Single e = 12 * (1 - 0.09);
+    Single T = 1;
+    Single nu = 0.3;
+    FEM_Class fem;
+    int NE = 0;
+    Integer Nw = 0;
+    Array<Single> A;
+    Array<Single> Q;
+    Integer NF = 0;
+    Array<Integer> NS;
+    Array<Single> AufL;
+
+  private:
+    void ListElements(Array<Integer>& types, Array<Integer>& corners) {
+        const bool split = mesh == Mesh::Triangles;
+        NE = split ? 2 * nx * ny : nx * ny;
+        types.ReDim(NE);
+        corners.ReDim(NE, 4);
+        int element = 0;
+        const auto add = [&](std::initializer_list<int> nodes) {
+            types(++element) = static_cast<int>(nodes.size());
+            int k = 0;
+            for (const int node : nodes) {
+                corners(element, ++k) = node;
+            }
+        };
+        for (int j = 0; j < ny; ++j) {
+            for (int i = 0; i < nx; ++i) {
+                const int n1 = Node(i, j);
+                const int n2 = Node(i + 1, j);
+                const int n3 = Node(i + 1, j + 1);
+                const int n4 = Node(i, j + 1);
+                if (split) {
+                    add({n1, n2, n3});
+                    add({n1, n3, n4});
+                } else {
+                    add({n1, n2, n3, n4});
+                }
+            }
+        }
+    }
+    void AddElement(Integer NNode, int element, const Array<Integer>& corners, double pressure) {
+        Array<Integer> node(Bounds{1, NNode});
+        Array<Single> XE(Bounds{1, NNode});
+        Array<Single> YE(Bounds{1, NNode});
+        for (int k = 1; k <= NNode; ++k) {
+            node(k) = corners(element, k);
+            XE(k) = X(node(k));
+            YE(k) = Y(node(k));
+        }
+        Array<Single> SK;
+        Array<Single> BE;
+        fem.SetElementStiffnessMatrix(SK, e, T, nu, NNode, XE, YE);
+        fem.SetElementLoadVector(BE, pressure, NNode, XE, YE);
+        fem.GlobalStiffnessMatrix(A, SK, 3, NNode, node);
+        fem.GlobalLoadVector(Q, BE, 3, NNode, node);
+    }
+};
+
+} // namespace torlib::test

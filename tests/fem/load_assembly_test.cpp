@@ -1,0 +1,128 @@
+// Published load values, assembly into the band against a dense assembly, nodal springs.
+
+#include "fem_test_tools.h"
+
+#include <random>
+#include <vector>
+
+namespace torlib::test {
+namespace {
+
+TEST(ElementLoads, SimpleValues) {
+    const FEM_Class fem;
+    Array<Single> BE;
+    fem.SetElementLoadVector(BE, 24, 4, ArrayFromOne<Single>({0, 1, 1, 0}),
+                             ArrayFromOne<Single>({0, 0, 1, 1}));
+    const double square[] = {0, 6, 1, 1, 6, -1, 1, 6, -1, -1, 6, 1, -1};
+    ASSERT_EQ(BE.UBound(), 12);
+    for (int i = 0; i <= 12; ++i) {
+        EXPECT_FLOAT_EQ(BE(i).Value(), static_cast<float>(square[i])) << i;
+    }
+    fem.SetElementLoadVector(BE, 6, 3, ArrayFromOne<Single>({0, 1, 0}),
+                             ArrayFromOne<Single>({0, 0, 1}));
+    ASSERT_EQ(BE.UBound(), 9);
+    for (const int w : {1, 4, 7}) {
+        EXPECT_EQ(BE(w).Value(), 1) << w;
+    }
+}
+
+TEST(Assembly, EqualsDenseAssembly) {
+    std::mt19937 random(7);
+    std::uniform_int_distribution<int> entry(-8, 8); // whole numbers: every sum is exact
+    const FEM_Class fem;
+    for (const int freedoms : {1, 2, 3}) {
+        const int size = 6 * freedoms;
+        std::vector<std::vector<double>> dense(20, std::vector<double>(20, 0));
+        std::vector<double> loads(20, 0);
+        Array<Single> A(Bounds{1, size}, Bounds{1, size});
+        Array<Single> Q(Bounds{1, size});
+        for (const auto& node : {ArrayFromOne<Integer>({6, 1, 3}), ArrayFromOne<Integer>({2, 5, 6}),
+                                 ArrayFromOne<Integer>({4}), ArrayFromOne<Integer>({3, 2, 5, 1})}) {
+            const int n = node.UBound() * freedoms;
+            Array<Single> SK(Bounds{1, n}, Bounds{1, n});
+            Array<Single> BE(Bounds{1, n});
+            for (int i = 1; i <= n; ++i) {
+                BE(i) = entry(random);
+                const auto row = [&](int k) {
+                    return static_cast<std::size_t>((node((k - 1) / freedoms + 1) - 1) * freedoms +
+                                                    (k - 1) % freedoms + 1);
+                };
+                loads[row(i)] += BE(i).Value();
+                for (int j = 1; j <= i; ++j) {
+                    SK(i, j) = entry(random);
+                    SK(j, i) = SK(i, j);
+                    dense[row(i)][row(j)] += SK(i, j).Value();
+                    dense[row(j)][row(i)] = dense[row(i)][row(j)];
+                }
+            }
+            fem.GlobalStiffnessMatrix(A, SK, freedoms, node.UBound(), node);
+            fem.GlobalLoadVector(Q, BE, freedoms, node.UBound(), node);
+        }
+        for (int i = 1; i <= size; ++i) {
+            EXPECT_EQ(Q(i).Value(), loads[static_cast<std::size_t>(i)]);
+            for (int l = 1; l <= size; ++l) {
+                const int j = i + l - 1;
+                const double expected =
+                    j <= size ? dense[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)] : 0;
+                EXPECT_EQ(A(i, l).Value(), expected) << i << ", " << j;
+            }
+        }
+    }
+}
+
+TEST(Assembly, Failures) {
+    const FEM_Class fem;
+    Array<Single> A(Bounds{1, 12}, Bounds{1, 6});
+    Array<Single> Q(Bounds{1, 12});
+    Array<Single> SK(Bounds{1, 6}, Bounds{1, 6});
+    const auto run = [&](std::initializer_list<Integer> nodes) {
+        return ErrorOf([&] { fem.GlobalStiffnessMatrix(A, SK, 3, 2, ArrayFromOne(nodes)); });
+    };
+    EXPECT_EQ(run({1, 2}), 0);
+    EXPECT_EQ(run({1, 3}), 9) << "band column beyond Nw";
+    EXPECT_EQ(run({4, 5}), 9) << "row beyond the matrix";
+    EXPECT_EQ(run({1, 11000}), 6) << "equation number beyond 16 bits";
+    EXPECT_EQ(ErrorOf([&] {
+                  fem.GlobalLoadVector(Q, ArrayFromOne<Single>({1, 2, 3}), 3, 1,
+                                       ArrayFromOne<Integer>({5}));
+              }),
+              9);
+}
+
+TEST(Springs, CountsRoundHalvesToEven) {
+    const FEM_Class fem;
+    const auto KV = ArrayFromOne<Integer>({8, 5});
+    const auto Fk = ArrayFromOne<Single>({1, 2, 3, 10, 20, 30});
+    const auto Node = ArrayFromOne<Integer>({5, 8, 5});
+    struct Case {
+        double freedoms;
+        double nodes;
+        double springs;
+        std::vector<double> diagonal; // 9 entries
+    };
+    const Case cases[] = {
+        {3, 3, 0.5, {0, 0, 0, 0, 0, 0, 0, 0, 0}},
+        {3, 3, 1, {0, 0, 0, 1, 2, 3, 0, 0, 0}},
+        {3, 3, 1.5, {10, 20, 30, 1, 2, 3, 10, 20, 30}},
+        {3, 2.5, 2.5, {10, 20, 30, 1, 2, 3, 0, 0, 0}},
+        {2.5, 3, 2, {3, 10, 1, 2, 3, 10, 0, 0, 0}},
+    };
+    for (const Case& c : cases) {
+        Array<Single> ST(Bounds{1, 9}, Bounds{1, 9});
+        ST(1, 1) = 100;
+        fem.AdditionalStiffness(c.freedoms, c.nodes, c.springs, KV, Fk, Node, ST);
+        for (int i = 1; i <= 9; ++i) {
+            for (int j = 1; j <= 9; ++j) {
+                const double added = i == j ? c.diagonal[static_cast<std::size_t>(i - 1)] : 0;
+                EXPECT_EQ(ST(i, j).Value(), added + (i == 1 && j == 1 ? 100 : 0))
+                    << c.springs << " springs, " << c.freedoms << " freedoms: " << i << ", " << j;
+            }
+        }
+    }
+    Array<Single> ST(Bounds{1, 9}, Bounds{1, 9});
+    EXPECT_EQ(ErrorOf([&] { fem.AdditionalStiffness(3, 3, 32767.6, KV, Fk, Node, ST); }), 6);
+    EXPECT_EQ(ErrorOf([&] { fem.AdditionalStiffness(3, 3, 3, KV, Fk, Node, ST); }), 9);
+}
+
+} // namespace
+} // namespace torlib::test

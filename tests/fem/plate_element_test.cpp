@@ -1,0 +1,316 @@
+// Laws of the plate elements: bending energy of polynomials, equality with quadrature of the shape
+// functions, work of a uniform pressure, orientation, symmetry, failures.
+
+#include "fem_test_tools.h"
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace torlib::test {
+namespace {
+
+struct Point {
+    double x;
+    double y;
+};
+struct Shape {
+    const char* name;
+    std::vector<Point> corners;
+    double nu;
+};
+std::ostream& operator<<(std::ostream& out, const Shape& shape) {
+    return out << shape.name;
+}
+
+using Field = std::function<double(Point)>;
+/// A deflection field with the derivatives that nodal values and bending work need.
+struct Mode {
+    Field w;
+    Field wx;
+    Field wy;
+    Field wxx;
+    Field wyy;
+    Field wxy;
+};
+
+Mode Monomial(int m, int n) {
+    const auto power = [](int i, int j, double c) -> Field {
+        if (c == 0) {
+            return [](Point) { return 0.0; };
+        }
+        return [=](Point p) { return c * std::pow(p.x, i) * std::pow(p.y, j); };
+    };
+    return {power(m, n, 1),
+            power(m - 1, n, m),
+            power(m, n - 1, n),
+            power(m - 2, n, m * (m - 1)),
+            power(m, n - 2, n * (n - 1)),
+            power(m - 1, n - 1, m * n)};
+}
+
+double SignedArea(const Shape& s) {
+    double twice = 0;
+    for (std::size_t i = 0; i < s.corners.size(); ++i) {
+        const Point& p = s.corners[i];
+        const Point& q = s.corners[(i + 1) % s.corners.size()];
+        twice += p.x * q.y - q.x * p.y;
+    }
+    return twice / 2;
+}
+
+/// Integral over the element, signed as its area: Gauss 3 x 3 on rectangles; on triangles the same
+/// points with the square collapsed, exact to the fourth degree.
+double Integral(const Shape& s, const Field& f) {
+    const double r = std::sqrt(0.6);
+    const double points[3] = {(1 - r) / 2, 0.5, (1 + r) / 2};
+    const double weights[3] = {5.0 / 18, 8.0 / 18, 5.0 / 18};
+    const bool triangle = s.corners.size() == 3;
+    const Point& o = s.corners[0];
+    const Point& a = s.corners[1];
+    const Point& b = s.corners.back();
+    double sum = 0;
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j) {
+            const double u = points[i] * (triangle ? 1 - points[j] : 1);
+            const double v = points[j];
+            const double jacobian = triangle ? 2 * (1 - points[j]) : 1;
+            sum += weights[i] * weights[j] * jacobian *
+                   f({o.x + u * (a.x - o.x) + v * (b.x - o.x),
+                      o.y + u * (a.y - o.y) + v * (b.y - o.y)});
+        }
+    }
+    return sum * SignedArea(s);
+}
+
+/// Virtual work of the bending moments of u on the curvatures of v, with D = 1.
+double BendingWork(const Shape& s, const Mode& u, const Mode& v) {
+    return Integral(s, [&](Point p) {
+        return u.wxx(p) * v.wxx(p) + u.wyy(p) * v.wyy(p) +
+               s.nu * (u.wxx(p) * v.wyy(p) + u.wyy(p) * v.wxx(p)) +
+               2 * (1 - s.nu) * u.wxy(p) * v.wxy(p);
+    });
+}
+
+std::vector<double> NodalValues(const Shape& s, const Mode& mode) {
+    std::vector<double> q;
+    for (const Point& p : s.corners) {
+        q.insert(q.end(), {mode.w(p), mode.wx(p), mode.wy(p)});
+    }
+    return q;
+}
+
+struct Element {
+    explicit Element(const Shape& s) : size(3 * static_cast<int>(s.corners.size())) {
+        const int n = size / 3;
+        Array<Single> XE(Bounds{1, n});
+        Array<Single> YE(Bounds{1, n});
+        for (int k = 1; k <= n; ++k) {
+            XE(k) = s.corners[static_cast<std::size_t>(k - 1)].x;
+            YE(k) = s.corners[static_cast<std::size_t>(k - 1)].y;
+        }
+        // D = 1
+        FEM_Class::DefaultInstance().SetElementStiffnessMatrix(SK, 12 * (1 - s.nu * s.nu), 1, s.nu,
+                                                               n, XE, YE);
+        FEM_Class::DefaultInstance().SetElementLoadVector(BE, 1, n, XE, YE);
+    }
+    double K(int i, int j) const { return SK(i + 1, j + 1).Value(); }
+
+    int size;
+    Array<Single> SK;
+    Array<Single> BE;
+};
+
+const Shape Rectangles[] = {
+    {"unit square", {{0, 0}, {1, 0}, {1, 1}, {0, 1}}, 0.3},
+    {"long", {{-1, 2}, {5, 2}, {5, 3.5}, {-1, 3.5}}, 0},
+    {"tall", {{0.5, -1}, {1, -1}, {1, 1.5}, {0.5, 1.5}}, 0.45},
+};
+const Shape Triangles[] = {
+    {"right", {{0, 0}, {1, 0}, {0, 1}}, 0.3},
+    {"general", {{1, 0.5}, {3, 1.5}, {0.5, 2.75}}, 0.2},
+    {"obtuse", {{-2, 1}, {-1, -1}, {2, 0}}, 0},
+    {"general from its third node", {{0.5, 2.75}, {1, 0.5}, {3, 1.5}}, 0.2},
+    {"clockwise", {{1, 0.5}, {0.5, 2.75}, {3, 1.5}}, 0.45},
+};
+
+/// q1' K q2 of the computed matrix and the size of its terms.
+std::pair<double, double> Product(const Element& element, const std::vector<double>& q1,
+                                  const std::vector<double>& q2) {
+    double sum = 0;
+    double size = 0;
+    for (int i = 0; i < element.size; ++i) {
+        for (int j = 0; j < element.size; ++j) {
+            const double term =
+                q1[static_cast<std::size_t>(i)] * element.K(i, j) * q2[static_cast<std::size_t>(j)];
+            sum += term;
+            size += std::fabs(term);
+        }
+    }
+    return {sum, size};
+}
+
+class PlateElement : public testing::TestWithParam<Shape> {};
+
+// The elements contain these polynomials, so their energies (zero for rigid bodies) and the work of
+// a pressure on them are exact. The twelve of the rectangle determine its whole matrix.
+TEST_P(PlateElement, EnergyAndLoadOfPolynomials) {
+    const Shape& shape = GetParam();
+    const Element element(shape);
+    std::vector<Mode> modes;
+    for (const auto& [m, n] : {std::pair{0, 0}, {1, 0}, {0, 1}, {2, 0}, {1, 1}, {0, 2}}) {
+        modes.push_back(Monomial(m, n));
+    }
+    if (shape.corners.size() == 4) {
+        for (const auto& [m, n] : {std::pair{3, 0}, {2, 1}, {1, 2}, {0, 3}, {3, 1}, {1, 3}}) {
+            modes.push_back(Monomial(m, n));
+        }
+    }
+    for (std::size_t k = 0; k < modes.size(); ++k) {
+        const auto qk = NodalValues(shape, modes[k]);
+        double work = 0;
+        double size = 0;
+        for (int i = 0; i < element.size; ++i) {
+            const double term = element.BE(i + 1).Value() * qk[static_cast<std::size_t>(i)];
+            work += term;
+            size += std::fabs(term);
+        }
+        EXPECT_NEAR(work, Integral(shape, modes[k].w), 1e-6 * size) << "mode " << k;
+        for (std::size_t l = 0; l < modes.size(); ++l) {
+            const auto [energy, terms] = Product(element, qk, NodalValues(shape, modes[l]));
+            EXPECT_NEAR(energy, BendingWork(shape, modes[k], modes[l]), 1e-6 * terms)
+                << "modes " << k << ", " << l;
+        }
+    }
+}
+
+TEST_P(PlateElement, Symmetric) {
+    const Element element(GetParam());
+    const bool rectangle = element.size == 12;
+    for (int i = 0; i < element.size; ++i) {
+        for (int j = 0; j < i; ++j) {
+            const double scale = std::sqrt(std::fabs(element.K(i, i) * element.K(j, j)));
+            EXPECT_NEAR(element.K(i, j), element.K(j, i), rectangle ? 0 : 2e-6 * scale);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rectangles, PlateElement, testing::ValuesIn(Rectangles));
+INSTANTIATE_TEST_SUITE_P(Triangles, PlateElement, testing::ValuesIn(Triangles));
+
+/// Shape function i (0..8) of the nonconforming triangle in area coordinates (Bazeley et al. 1965).
+double TriangleShape(const Shape& s, std::size_t i, Point p) {
+    const std::size_t n = i / 3;
+    const std::size_t a = (n + 1) % 3;
+    const std::size_t b = (n + 2) % 3;
+    double L[3];
+    for (std::size_t k = 0; k < 3; ++k) {
+        Shape part = s;
+        part.corners[k] = p;
+        L[k] = SignedArea(part) / SignedArea(s);
+    }
+    if (i % 3 == 0) {
+        return L[n] + L[n] * L[n] * (L[a] + L[b]) - L[n] * (L[a] * L[a] + L[b] * L[b]);
+    }
+    const double bubble = L[0] * L[1] * L[2] / 2;
+    const auto along = [&](std::size_t k) {
+        return i % 3 == 1 ? s.corners[k].x - s.corners[n].x : s.corners[k].y - s.corners[n].y;
+    };
+    return along(a) * (L[n] * L[n] * L[a] + bubble) + along(b) * (L[n] * L[n] * L[b] + bubble);
+}
+
+TEST(PlateTriangle, EqualsQuadratureOfItsShapeFunctions) {
+    for (const Shape& shape : Triangles) {
+        std::vector<Mode> modes(9);
+        for (std::size_t i = 0; i < 9; ++i) {
+            Mode& mode = modes[i];
+            mode.w = [&, i](Point p) { return TriangleShape(shape, i, p); };
+            // Central differences are exact for third degree.
+            const auto second = [&mode](double x, double y) -> Field {
+                return [&mode, x, y](Point p) {
+                    return mode.w({p.x + x, p.y + y}) - 2 * mode.w(p) + mode.w({p.x - x, p.y - y});
+                };
+            };
+            mode.wxx = second(1, 0);
+            mode.wyy = second(0, 1);
+            mode.wxy = [d = second(1, 1), e = second(1, -1)](Point p) { return (d(p) - e(p)) / 4; };
+        }
+        const Element element(shape);
+        for (int i = 0; i < 9; ++i) {
+            const Mode& mode = modes[static_cast<std::size_t>(i)];
+            EXPECT_NEAR(element.BE(i + 1).Value(), Integral(shape, mode.w), 2e-6) << shape << i;
+            for (int j = 0; j < 9; ++j) {
+                const double scale = std::sqrt(std::fabs(element.K(i, i) * element.K(j, j)));
+                EXPECT_NEAR(element.K(i, j),
+                            BendingWork(shape, mode, modes[static_cast<std::size_t>(j)]),
+                            3e-6 * scale)
+                    << shape << ": " << i << ", " << j;
+            }
+        }
+    }
+}
+
+TEST(PlateElementDispatch, ZeroMatrices) {
+    const auto X = ArrayFromOne<Single>({0, 1, 1, 0, 0});
+    const auto Y = ArrayFromOne<Single>({0, 0, 1, 1, 0});
+    struct Case {
+        int nodes;
+        double e;
+        double T;
+    };
+    for (const Case& c :
+         {Case{4, 1, 0}, {4, 0, 1}, {4, -1, 1}, {3, 1, -1}, {3, 0, 1}, {2, 1, 1}, {5, 1, 1}}) {
+        Array<Single> SK(Bounds{1, 2}, Bounds{1, 2});
+        SK(1, 1) = 7;
+        FEM_Class::DefaultInstance().SetElementStiffnessMatrix(SK, c.e, c.T, 0.3, c.nodes, X, Y);
+        EXPECT_EQ(SK.LBound(2), 0);
+        EXPECT_EQ(SK.UBound(1), 3 * c.nodes);
+        EXPECT_EQ(SK.UBound(2), 3 * c.nodes);
+        for (std::size_t k = 0; k < SK.Size(); ++k) {
+            ASSERT_EQ(SK.Data()[k].Value(), 0) << c.nodes << " nodes, entry " << k;
+        }
+    }
+    Array<Single> BE;
+    FEM_Class::DefaultInstance().SetElementLoadVector(BE, 1, 2, X, Y);
+    EXPECT_EQ(BE.UBound(), 6);
+}
+
+TEST(PlateElementDispatch, OnlyTheSidesFromNode1Count) {
+    const FEM_Class fem;
+    Array<Single> regular;
+    Array<Single> skew;
+    fem.SetElementStiffnessMatrix(regular, 2, 1, 0.2, 4, ArrayFromOne<Single>({1, 4, 4, 1}),
+                                  ArrayFromOne<Single>({2, 2, 4, 4}));
+    fem.SetElementStiffnessMatrix(skew, 2, 1, 0.2, 4, ArrayFromOne<Single>({1, 4, 9, -5}),
+                                  ArrayFromOne<Single>({2, 8, 7, 4}));
+    for (std::size_t k = 0; k < regular.Size(); ++k) {
+        ASSERT_EQ(regular.Data()[k].Value(), skew.Data()[k].Value());
+    }
+}
+
+TEST(PlateElementDispatch, Failures) {
+    const FEM_Class fem;
+    Array<Single> SK;
+    SK.ReDim(12, 12);
+    const auto line = ArrayFromOne<Single>({0, 1, 2});
+    const auto point = ArrayFromOne<Single>({1, 1, 1});
+    EXPECT_EQ(ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, line, line); }), 11);
+    EXPECT_EQ(ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, point, point); }), 6);
+    EXPECT_EQ(ErrorOf([&] { fem.SetRecElementStiffness(SK, 1, 1, 0, 0, 2); }), 11);
+    EXPECT_EQ(ErrorOf([&] { fem.SetRecElementStiffness(SK, 1, 1, 0, 2, 0); }), 11);
+    EXPECT_EQ(ErrorOf([&] { fem.SetRecElementStiffness(SK, 1, 1, 1, 2, 1); }), 11);
+    Array<Single> BE;
+    BE.ReDim(9);
+    fem.SetTriElementLoadVector(BE, 5, line, line);
+    EXPECT_EQ(BE(4).Value(), 0);
+    SK.ReDim(8, 9);
+    EXPECT_EQ(ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, line, point); }), 11);
+    const auto across = ArrayFromOne<Single>({0, 0, 1});
+    EXPECT_EQ(ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, line, across); }), 9);
+    EXPECT_EQ(ErrorOf([&] { fem.SetRecElementStiffness(SK, 1, 1, 0, 2, 1); }), 9);
+    EXPECT_EQ(ErrorOf([&] { fem.SetRecElementLoadVector(BE, 1, 2, 1); }), 9);
+    EXPECT_EQ(ErrorOf([&] { fem.SetElementStiffnessMatrix(SK, 1, 0, 0, 4, line, line); }), 9);
+}
+
+} // namespace
+} // namespace torlib::test
