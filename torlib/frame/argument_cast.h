@@ -174,7 +174,7 @@ requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T>) class Argument
     ArgumentCast(const ArgumentCast&) = delete;
     ArgumentCast& operator=(const ArgumentCast&) = delete;
     ~ArgumentCast() {
-        if (finished_) {
+        if (!handedOut_ || finished_) {
             return;
         }
         try {
@@ -183,7 +183,10 @@ requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T>) class Argument
             // The member's own error is already on its way to the caller.
         }
     }
-    T& Get() { return value_; }
+    T& Get() {
+        handedOut_ = true;
+        return value_;
+    }
     void Finish() {
         finished_ = true;
         target_.Assign(table::ToVariant(value_));
@@ -192,6 +195,7 @@ requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T>) class Argument
   private:
     const Variant& target_;
     T value_;
+    bool handedOut_ = false; // a call that never began leaves the variable alone
     bool finished_ = false;
 };
 

@@ -109,7 +109,8 @@ class ClassObject final : public Dispatch {
         const std::string label = ToUtf8(info_.Name) + "." + ToUtf8(member);
         try {
             const MemberScope scope(label.c_str());
-            Run(member, kind, arguments, result);
+            Variant ignored;
+            Run(member, kind, arguments, result ? result : &ignored);
             return Result::Ok;
         } catch (const RunTimeError& failure) {
             *error = {static_cast<int>(failure.Number()),

@@ -192,6 +192,18 @@ struct ValueTypeOf<EdgeType> {
     static constexpr const char16_t* RecordName = u"EdgeType";
 };
 template <>
+struct PublishedName<AxisDirection> {
+    static constexpr const char16_t* Name = u"AxisDirection";
+};
+template <>
+struct PublishedName<ArrowType> {
+    static constexpr const char16_t* Name = u"ArrowType";
+};
+template <>
+struct PublishedName<ElementType> {
+    static constexpr const char16_t* Name = u"ElementType";
+};
+template <>
 struct PublishedName<SymmetricCase> {
     static constexpr const char16_t* Name = u"SymmetricCase";
 };

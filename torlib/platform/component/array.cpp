@@ -21,16 +21,13 @@ const Bounds& SafeArray::Of(int dimension) const {
     return bounds_[dimension - 1];
 }
 
-void SafeArray::SetBounds(int dimensions, Bounds first, Bounds second) {
+void SafeArray::CheckBounds(Bounds first, Bounds second) const {
     for (const Bounds& range : {first, second}) {
         if (range.Upper < range.Lower - 1) {
             RaiseError(ErrorNumber::OutOfRange,
                        Label() + "bounds " + RangeText(range) + " are empty");
         }
     }
-    dimensions_ = dimensions;
-    bounds_[0] = first;
-    bounds_[1] = second;
 }
 
 void SafeArray::RaiseIndex(int i) const {

@@ -85,7 +85,7 @@ class TORLIB_API SafeArray {
     SafeArray& operator=(const SafeArray&) = default;
 
     const Bounds& Of(int dimension) const;
-    void SetBounds(int dimensions, Bounds first, Bounds second);
+    void CheckBounds(Bounds first, Bounds second) const;
     [[noreturn]] void RaiseIndex(int i) const;
     [[noreturn]] void RaiseIndex(int i, int j) const;
     [[noreturn]] void RaiseSize(int n) const;
@@ -158,9 +158,13 @@ class Array final : public SafeArray {
 
   private:
     void Allocate(int dimensions, Bounds first, Bounds second) {
-        SetBounds(dimensions, first, second);
+        CheckBounds(first, second);
+        dimensions_ = 0; // not allocated, should the memory not suffice
         rows_ = static_cast<std::size_t>(first.Upper - first.Lower + 1);
         elements_.assign(rows_ * static_cast<std::size_t>(second.Upper - second.Lower + 1), T());
+        dimensions_ = dimensions;
+        bounds_[0] = first;
+        bounds_[1] = second;
     }
     void ReAllocate(int dimensions, int smallest, Bounds first, Bounds second) {
         if (smallest < 0) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <deque>
 
 namespace torlib {
 
@@ -44,7 +45,10 @@ class DynamicObject::Body final : public Dispatch {
     Result Invoke(std::u16string_view member, InvokeKind kind, std::span<Argument> arguments,
                   Variant* result, ErrorRecord* error) override {
         try {
-            *result = Run(member, kind, arguments);
+            Variant value = Run(member, kind, arguments);
+            if (result) {
+                *result = std::move(value);
+            }
             return Result::Ok;
         } catch (const RunTimeError& failure) {
             *error = {static_cast<int>(failure.Number()), name_ + "." + ToUtf8(member),
@@ -102,7 +106,7 @@ class DynamicObject::Body final : public Dispatch {
     }
 
     std::string name_;
-    std::vector<Slot> slots_;
+    std::deque<Slot> slots_; // a watcher may define members while one is being written
     std::atomic<std::uint32_t> references_{0};
 };
 

@@ -1,5 +1,6 @@
 #include "torlib/platform/component/variant.h"
 
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -126,7 +127,7 @@ double ParseNumber(std::u16string_view text) {
     plain = first == std::string::npos ? "" : plain.substr(first, last - first + 1);
     const char* begin = plain.data();
     const char* end = begin + plain.size();
-    if (begin != end && *begin == '+') {
+    if (end - begin > 1 && *begin == '+' && begin[1] != '-') {
         ++begin;
     }
     double value = 0;
@@ -151,13 +152,20 @@ std::u16string GuidText(const Guid& guid) {
 
 bool ParseGuid(std::u16string_view text, Guid* guid) {
     const std::string plain = ToUtf8(text);
+    constexpr std::string_view form = "{hhhhhhhh-hhhh-hhhh-hhhh-hhhhhhhhhhhh}";
+    for (std::size_t i = 0; i < form.size(); ++i) {
+        const char c = i < plain.size() ? plain[i] : '\0';
+        const bool digit = std::isxdigit(static_cast<unsigned char>(c)) != 0;
+        if (form[i] == 'h' ? !digit : c != form[i]) {
+            return false;
+        }
+    }
     unsigned d1 = 0;
     unsigned d[10];
-    int used = 0;
     const int read =
-        std::sscanf(plain.c_str(), "{%8x-%4x-%4x-%2x%2x-%2x%2x%2x%2x%2x%2x}%n", &d1, &d[0], &d[1],
-                    &d[2], &d[3], &d[4], &d[5], &d[6], &d[7], &d[8], &d[9], &used);
-    if (read != 11 || used != 38 || plain.size() != 38) {
+        std::sscanf(plain.c_str(), "{%8x-%4x-%4x-%2x%2x-%2x%2x%2x%2x%2x%2x}", &d1, &d[0], &d[1],
+                    &d[2], &d[3], &d[4], &d[5], &d[6], &d[7], &d[8], &d[9]);
+    if (read != 11 || plain.size() != form.size()) {
         return false;
     }
     *guid = {d1, static_cast<std::uint16_t>(d[0]), static_cast<std::uint16_t>(d[1]), {}};

@@ -1,5 +1,7 @@
 #include "torlib/platform/component/variant.h"
 
+#include "torlib/platform/component/nearest_names.h"
+
 #include <cmath>
 
 namespace torlib {
@@ -74,8 +76,8 @@ bool Variant::ToBoolean() const {
         return *flag;
     }
     if (const auto* text = std::get_if<std::u16string>(&plain.value_)) {
-        if (*text == u"True" || *text == u"False") {
-            return *text == u"True";
+        if (SameName(*text, u"True") || SameName(*text, u"False")) {
+            return SameName(*text, u"True");
         }
     }
     return plain.ToDouble() != 0;

@@ -1,13 +1,24 @@
 #include "torlib/platform/windows/events.h"
 
+#include <cstdint>
 #include <deque>
 
 namespace torlib {
 
 namespace {
 
-std::deque<std::function<void()>>& Queue() {
-    static std::deque<std::function<void()>> queue;
+struct PostedEvent {
+    std::uint64_t Number;
+    std::function<void()> Action;
+};
+
+struct EventQueue {
+    std::deque<PostedEvent> Pending;
+    std::uint64_t Posted = 0;
+};
+
+EventQueue& Queue() {
+    static EventQueue queue;
     return queue;
 }
 
@@ -19,7 +30,7 @@ std::function<void()>& Source() {
 } // namespace
 
 void PostEvent(std::function<void()> event) {
-    Queue().push_back(std::move(event));
+    Queue().Pending.push_back({++Queue().Posted, std::move(event)});
 }
 
 void SetEventSource(std::function<void()> source) {
@@ -30,11 +41,12 @@ void DoEvents() {
     if (Source()) {
         Source()();
     }
-    auto& queue = Queue();
-    for (std::size_t left = queue.size(); left > 0 && !queue.empty(); --left) {
-        const std::function<void()> event = std::move(queue.front());
-        queue.pop_front();
-        event();
+    auto& pending = Queue().Pending;
+    const std::uint64_t last = Queue().Posted;
+    while (!pending.empty() && pending.front().Number <= last) {
+        const std::function<void()> action = std::move(pending.front().Action);
+        pending.pop_front();
+        action();
     }
 }
 

@@ -1,0 +1,157 @@
+#include "torlib/frame/type_library.h"
+
+#include "torlib/frame/enumeration_table.h"
+#include "torlib/frame/record_table.h"
+
+#include <algorithm>
+
+namespace torlib {
+
+namespace {
+
+std::string TypeText(const ParameterType& type) {
+    static constexpr const char* names[] = {"",        "Integer", "Long",    "Single", "Double",
+                                            "Boolean", "String",  "Variant", "Object", "Record"};
+    return type.TypeName ? ToUtf8(type.TypeName) : names[static_cast<std::size_t>(type.Type)];
+}
+
+std::string Padded(std::string text, std::size_t width) {
+    text.resize(std::max(text.size(), width), ' ');
+    return text;
+}
+
+const char* DirectionText(const ParameterType& type) {
+    return type.Writable ? "in out" : type.ByReference ? "in ref" : "in";
+}
+
+std::string DefaultText(const Parameter& parameter) {
+    switch (parameter.Default) {
+        case Parameter::DefaultKind::Required:
+            return "";
+        case Parameter::DefaultKind::LeftOut:
+            return ", optional";
+        case Parameter::DefaultKind::Boolean:
+            return std::string(", optional = ") + (parameter.Value ? "True" : "False");
+        case Parameter::DefaultKind::Number:
+            return ", optional = " + std::to_string(parameter.Value);
+    }
+    return "";
+}
+
+const char* KindText(MemberKind kind) {
+    switch (kind) {
+        case MemberKind::Method:
+            return "method";
+        case MemberKind::PropertyGet:
+            return "get";
+        case MemberKind::PropertyPut:
+            return "put";
+        case MemberKind::Reserved:
+            break;
+    }
+    return "reserved";
+}
+
+/// Reading and writing a property are two slots of one member, known by its first slot.
+std::size_t MemberId(const ClassInfo& info, const Member& member) {
+    const auto first =
+        std::find_if(info.Members.begin(), info.Members.end(),
+                     [&member](const Member& other) { return other.Name == member.Name; });
+    return static_cast<std::size_t>(first - info.Members.begin()) + 1;
+}
+
+std::string MemberText(const ClassInfo& info, const Member& member) {
+    const auto slot = static_cast<std::size_t>(&member - info.Members.data()) + 1;
+    std::string text = Padded("  slot " + std::to_string(slot), 10) +
+                       Padded("id " + std::to_string(MemberId(info, member)), 7) +
+                       KindText(member.Kind) + " " + ToUtf8(member.Name);
+    if (member.Return.Type != ValueType::None) {
+        text += " As " + TypeText(member.Return);
+    }
+    text += "\n";
+    if (!member.Doc.empty()) {
+        text += "      \"" + ToUtf8(member.Doc) + "\"\n";
+    }
+    for (std::size_t i = 0; i < member.Count; ++i) {
+        const ParameterType& type = member.Types[i];
+        text += "      " + Padded(DirectionText(type), 8) + ToUtf8(member.Parameters[i].Name) +
+                (type.IsArray ? "()" : "") + " As " + TypeText(type) +
+                DefaultText(member.Parameters[i]) + "\n";
+    }
+    return text;
+}
+
+std::string ClassText(const CatalogueEntry& entry, const ClassInfo* info) {
+    const std::string name = ToUtf8(entry.Name);
+    std::string text = "\nclass " + name + " " + ToUtf8(GuidText(entry.ClassId)) + "\n  progid " +
+                       ToUtf8(LibraryName) + "." + name + ", creatable, application object\n" +
+                       "  interface _" + name + " " + ToUtf8(GuidText(entry.InterfaceId)) +
+                       ", dual\n";
+    if (entry.Name == u"ClsWaitMessage") {
+        text += "  events __ClsWaitMessage\n";
+    }
+    if (!info) {
+        return text + "  without code in this build\n";
+    }
+    text += "  \"" + ToUtf8(info->Doc) + "\"\n";
+    for (const Member& member : info->Members) {
+        text += MemberText(*info, member);
+    }
+    return text;
+}
+
+std::string EnumerationText(const EnumerationInfo& enumeration) {
+    std::string text = "\nenum " + ToUtf8(enumeration.Name) + "\n";
+    for (const EnumerationValue& value : enumeration.Values) {
+        text += "  " + ToUtf8(value.Name) + " = " + std::to_string(value.Value) + "\n";
+    }
+    return text;
+}
+
+std::string RecordText(const RecordInfo& record) {
+    std::string text = "\nrecord " + ToUtf8(record.Name) + "\n  \"" + ToUtf8(record.Doc) + "\"\n";
+    for (const RecordField& field : record.Fields) {
+        text += "  " + ToUtf8(field.Name);
+        if (field.FixedUpper >= 0) {
+            text += "(0 To " + std::to_string(field.FixedUpper) + ")";
+        } else if (field.Type.IsArray) {
+            text += "()";
+        }
+        text += " As " + TypeText(field.Type) + "\n";
+    }
+    return text;
+}
+
+std::string VersionNumber() {
+    return std::to_string(LibraryMajorVersion) + "." + std::to_string(LibraryMinorVersion);
+}
+
+} // namespace
+
+std::string TypeLibraryText(std::span<const ClassInfo* const> classes) {
+    std::string text = "library " + ToUtf8(LibraryName) + " " + ToUtf8(GuidText(LibraryId)) +
+                       "\n  version " + VersionNumber() + "\n  \"" + ToUtf8(LibraryDescription) +
+                       "\"\n";
+    for (const CatalogueEntry& entry : ClassCatalogue()) {
+        const auto at =
+            std::find_if(classes.begin(), classes.end(),
+                         [&entry](const ClassInfo* info) { return info->Name == entry.Name; });
+        text += ClassText(entry, at == classes.end() ? nullptr : *at);
+    }
+    text += "\nevents __ClsWaitMessage " + ToUtf8(GuidText(WaitMessageEventsId)) +
+            "\n  id 1 RunWaitMessage\n";
+    for (const EnumerationInfo& enumeration : Enumerations()) {
+        text += EnumerationText(enumeration);
+    }
+    for (const RecordInfo& record : Records()) {
+        text += RecordText(record);
+    }
+    return text;
+}
+
+std::string VersionText() {
+    return "FileDescription = " + ToUtf8(LibraryDescription) +
+           "\nFileVersion = " + VersionNumber() + "\nInternalName = torlib\nOLESelfRegister =\n";
+}
+
+} // namespace torlib
