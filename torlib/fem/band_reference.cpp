@@ -26,6 +26,12 @@ void EliminateEquation(Integer n, Integer Nw, Integer N3, Array<Single>& A, Arra
     Q(n) = Q(n) / A(n, 1);
 }
 
+void BackSubstituteEquation(Integer n, Integer Nw, const Array<Single>& A, Array<Single>& Q) {
+    for (const int l : Range(2, Nw)) {
+        Q(n) = Q(n) - A(n, l) * Q(Integer(n + l - 1));
+    }
+}
+
 bool SolveReference(Integer Nw, Integer N3, Array<Single>& A, Array<Single>& Q,
                     const EquationEvents& events) {
     for (const int n : Range(1, N3)) {
@@ -40,9 +46,7 @@ bool SolveReference(Integer Nw, Integer N3, Array<Single>& A, Array<Single>& Q,
         if (events.Cancelled()) {
             return true;
         }
-        for (const int l : Range(2, Nw)) {
-            Q(n) = Q(n) - A(n, l) * Q(Integer(n + l - 1));
-        }
+        BackSubstituteEquation(n, Nw, A, Q);
     }
     return false;
 }

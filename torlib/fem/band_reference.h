@@ -25,6 +25,9 @@ void ReplaceZeroDiagonal(Integer n, Array<Single>& A, Array<Single>& Q);
 /// Takes equation n out of the equations below it and leaves its ratios and reduced load.
 void EliminateEquation(Integer n, Integer Nw, Integer N3, Array<Single>& A, Array<Single>& Q);
 
+/// Takes the solved unknowns below equation n out of its reduced load.
+void BackSubstituteEquation(Integer n, Integer Nw, const Array<Single>& A, Array<Single>& Q);
+
 /// Solves A Q = load in place as `FEM_Class::SolveMatrix` does; true when cancelled.
 bool SolveReference(Integer Nw, Integer N3, Array<Single>& A, Array<Single>& Q,
                     const EquationEvents& events = {});

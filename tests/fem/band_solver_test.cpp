@@ -1,0 +1,312 @@
+// The fast elimination against the entry-by-entry routine, bit for bit, and both against laws.
+
+#include "torlib/fem/band_kernel.h"
+#include "torlib/fem/fem_class.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <optional>
+#include <ostream>
+#include <random>
+#include <vector>
+
+namespace torlib {
+namespace {
+
+enum class Kind {
+    Dominant,      // positive definite, largest on the diagonal
+    RandomSigns,   // neither symmetric positive nor dominant
+    ZeroDiagonals, // some equations without stiffness
+    Overflowing,   // grows beyond the largest float at a random equation
+    HugeLoad,      // only the right-hand side grows beyond it
+    NotFinite,     // the caller's data hold an infinity and a NaN
+    Tiny,          // results below the smallest normal float, and negative zeros
+};
+
+struct System {
+    int Nw;
+    int N3;
+    Array<Single> A;
+    Array<Single> Q;
+};
+
+Single RawSingle(float value) {
+    return std::bit_cast<Single>(value);
+}
+
+/// A random band in arrays that start at `lower`; trailing rows are zero or random.
+System MakeSystem(Kind kind, int Nw, int N3, int lower = 0, bool trailing = false) {
+    std::mt19937 random(static_cast<unsigned>(1000 * Nw + 10 * N3 + static_cast<int>(kind)));
+    std::uniform_real_distribution<double> uniform(-1, 1);
+    const Bounds rows = {lower, N3 + Nw - 1 + (trailing ? 3 : 0)};
+    System s = {Nw, N3, Array<Single>(rows, Bounds{lower, Nw}), Array<Single>(rows)};
+    const int victim = 1 + static_cast<int>(random() % static_cast<unsigned>(N3));
+    const double scale = kind == Kind::Tiny ? 1E-38 : 1;
+    for (int n = 1; n <= (trailing ? rows.Upper : N3); ++n) {
+        const int last = trailing ? Nw : std::min(Nw, N3 - n + 1);
+        for (int l = 2; l <= last; ++l) {
+            s.A(n, l) = scale * uniform(random);
+        }
+        const double dominance = kind == Kind::RandomSigns ? 4 * uniform(random) : 1.2 * Nw;
+        s.A(n, 1) = scale * (dominance + uniform(random));
+        s.Q(n) = scale * uniform(random);
+        if (kind == Kind::ZeroDiagonals && n % 5 == 2) {
+            for (int l = 1; l <= Nw; ++l) {
+                s.A(n, l) = 0;
+            }
+        }
+        if (kind == Kind::Tiny && n % 3 == 0) {
+            s.A(n, Nw) = RawSingle(-0.0F);
+            s.Q(n) = RawSingle(-0.0F);
+        }
+    }
+    if (kind == Kind::Overflowing) {
+        s.A(victim, 1) = 1E-30;
+        s.A(victim, std::min(Nw, 2)) = 3E7;
+    } else if (kind == Kind::HugeLoad) {
+        s.A(victim, 1) = 1E-10;
+        s.Q(victim) = 3E30;
+    } else if (kind == Kind::NotFinite) {
+        s.A(victim, (Nw + 1) / 2) = RawSingle(std::numeric_limits<float>::infinity());
+        s.Q(N3) = RawSingle(std::numeric_limits<float>::quiet_NaN());
+    }
+    return s;
+}
+
+/// Everything a caller can see of a run.
+struct Outcome {
+    int Error = 0; // number, or 0
+    bool Cancelled = false;
+    std::vector<int> Steps; // the progress shown, 0 for a poll
+    std::vector<std::uint32_t> Bits;
+
+    friend bool operator==(const Outcome&, const Outcome&) = default;
+};
+
+void PrintTo(const Outcome& outcome, std::ostream* out) {
+    *out << "error " << outcome.Error << ", cancelled " << outcome.Cancelled << ", "
+         << outcome.Steps.size() << " events";
+}
+
+enum class Stop { Never, Cancel, ThrowFromPoll, ThrowFromProgress };
+
+/// Runs the reference (no kernel) or a kernel; stops at event number `at`, counted from 1.
+Outcome OutcomeOf(const band::Kernel* kernel, System s, Stop stop = Stop::Never, int at = 0) {
+    Outcome outcome;
+    int polls = 0;
+    int shown = 0;
+    band::EquationEvents events;
+    events.Progress = [&](Integer n) {
+        outcome.Steps.push_back(n);
+        if (stop == Stop::ThrowFromProgress && ++shown == at) {
+            RaiseError(ErrorNumber::ObjectRequired, "no form");
+        }
+    };
+    events.Cancelled = [&] {
+        outcome.Steps.push_back(0);
+        if (stop == Stop::ThrowFromPoll && ++polls == at) {
+            RaiseError(ErrorNumber::NoSuchMember, "event handler");
+        }
+        return stop == Stop::Cancel && ++polls == at;
+    };
+    try {
+        outcome.Cancelled = kernel ? band::Solve(*kernel, s.Nw, s.N3, s.A, s.Q, events)
+                                   : band::SolveReference(s.Nw, s.N3, s.A, s.Q, events);
+    } catch (const RunTimeError& error) {
+        outcome.Error = static_cast<int>(error.Number());
+    }
+    for (const Array<Single>* array : {&s.A, &s.Q}) {
+        for (std::size_t k = 0; k < array->Size(); ++k) {
+            outcome.Bits.push_back(std::bit_cast<std::uint32_t>(array->Data()[k]));
+        }
+    }
+    return outcome;
+}
+
+/// Largest |K x - load| over the sum of magnitudes in that row, in double precision.
+double Residual(const System& s, const Array<Single>& solution) {
+    std::vector<double> rest(static_cast<std::size_t>(s.N3) + 1);
+    std::vector<double> size(rest.size());
+    const auto add = [&](int row, int column, Single entry) {
+        const double term = (entry * solution(column)).Value();
+        rest[static_cast<std::size_t>(row)] += term;
+        size[static_cast<std::size_t>(row)] += std::fabs(term);
+    };
+    for (int n = 1; n <= s.N3; ++n) {
+        add(n, n, s.A(n, 1));
+        for (int l = 2; l <= s.Nw && n + l - 1 <= s.N3; ++l) {
+            add(n, n + l - 1, s.A(n, l));
+            add(n + l - 1, n, s.A(n, l));
+        }
+    }
+    double largest = 0;
+    for (int n = 1; n <= s.N3; ++n) {
+        const auto k = static_cast<std::size_t>(n);
+        largest = std::max(largest, std::fabs(rest[k] - Real(s.Q(n)).Value()) / (size[k] + 1E-30));
+    }
+    return largest;
+}
+
+std::vector<int> SystemSizes(int Nw) {
+    return {1, 2, Nw / 2 + 1, Nw + 1, 2 * Nw + 17, 61};
+}
+
+class EveryKernel : public testing::TestWithParam<const band::Kernel*> {};
+
+TEST_P(EveryKernel, GivesTheBitsErrorsAndEventsOfTheReference) {
+    struct Shape {
+        Kind kind;
+        int lower;
+        bool trailing;
+        int error; // expected of at least one of the sizes; 0 for none at all
+    };
+    const Shape shapes[] = {
+        {Kind::Dominant, 0, false, 0},     {Kind::Dominant, 1, true, 0},
+        {Kind::RandomSigns, -2, false, 0}, {Kind::ZeroDiagonals, 0, false, 0},
+        {Kind::ZeroDiagonals, 1, true, 0}, {Kind::Overflowing, 0, true, 6},
+        {Kind::HugeLoad, -1, true, 6},     {Kind::NotFinite, 0, true, 6},
+        {Kind::Tiny, 0, true, 0},
+    };
+    for (const Shape& shape : shapes) {
+        int errors = 0;
+        for (int Nw = 1; Nw <= 70; Nw += Nw < 36 ? 1 : 5) {
+            for (const int N3 : SystemSizes(Nw)) {
+                const System s = MakeSystem(shape.kind, Nw, N3, shape.lower, shape.trailing);
+                const Outcome expected = OutcomeOf(nullptr, s);
+                ASSERT_EQ(expected, OutcomeOf(GetParam(), s))
+                    << "kind " << static_cast<int>(shape.kind) << " Nw " << Nw << " N3 " << N3;
+                errors += expected.Error == shape.error && shape.error != 0;
+                ASSERT_TRUE(shape.kind == Kind::RandomSigns || shape.error != 0 ||
+                            expected.Error == 0);
+            }
+        }
+        EXPECT_EQ(errors > 0, shape.error != 0) << static_cast<int>(shape.kind);
+    }
+}
+
+TEST_P(EveryKernel, GivesTheBitsOfTheReferenceForWideBands) {
+    for (const auto& [Nw, N3] : {std::pair{130, 301}, {200, 333}, {333, 350}}) {
+        for (const Kind kind : {Kind::Dominant, Kind::Tiny}) {
+            const System s = MakeSystem(kind, Nw, N3, 0, true);
+            EXPECT_EQ(OutcomeOf(nullptr, s), OutcomeOf(GetParam(), s)) << Nw;
+        }
+    }
+}
+
+TEST_P(EveryKernel, LeavesTheStateOfTheReferenceWhenStoppedAtAnyEquation) {
+    for (const Stop stop : {Stop::Cancel, Stop::ThrowFromPoll, Stop::ThrowFromProgress}) {
+        for (const auto& [Nw, N3] : {std::pair{1, 9}, {7, 20}, {19, 53}, {40, 35}}) {
+            const System s = MakeSystem(Kind::ZeroDiagonals, Nw, N3, 0, true);
+            const int last = stop == Stop::ThrowFromProgress ? N3 : 2 * N3 - 1;
+            for (int at = 1; at <= last; ++at) {
+                const Outcome expected = OutcomeOf(nullptr, s, stop, at);
+                ASSERT_TRUE(expected.Cancelled || expected.Error != 0);
+                ASSERT_EQ(expected, OutcomeOf(GetParam(), s, stop, at)) << Nw << " at " << at;
+            }
+        }
+    }
+}
+
+// a - c b with a = 1 + 2^-23, c = 1 - 2^-15, b = 2^-24 (1 + 2^-15): the exact value lies just above
+// the midpoint 1 + 2^-24 of two floats. Rounding to double first gives the midpoint, whose even
+// neighbour is 1; a single rounding to float would give 1 + 2^-23.
+TEST_P(EveryKernel, RoundsToDoubleBeforeItRoundsToFloat) {
+    const float a = 1 + 0x1p-23F;
+    const float c = 1 - 0x1p-15F;
+    const float b = 0x1p-24F * (1 + 0x1p-15F);
+    System s = {3, 3, Array<Single>(Bounds{0, 5}, Bounds{0, 3}), Array<Single>(Bounds{0, 5})};
+    s.A(1, 1) = 1; // row 1 subtracts c = A(1, 2) times b = A(1, 3) from A(2, 2)
+    s.A(1, 2) = c;
+    s.A(1, 3) = b;
+    s.A(2, 1) = 2;
+    s.A(2, 2) = a;
+    s.A(3, 1) = 1;
+    s.Q(3) = 0;
+    System stopped = s;
+    int polls = 0;
+    band::EquationEvents events;
+    events.Cancelled = [&] { return ++polls == 2; };
+    ASSERT_TRUE(band::Solve(*GetParam(), 3, 3, stopped.A, stopped.Q, events));
+    EXPECT_EQ(stopped.A(2, 2).Value(), 1.0F);
+
+    float steps[2];
+    const float ratios[] = {0, c};
+    const float unknowns[] = {3, b};
+    EXPECT_EQ(GetParam()->BackSubstitute(a, ratios, unknowns, 2, steps), 1.0F);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kernels, EveryKernel,
+                         testing::ValuesIn(band::AvailableKernels().begin(),
+                                           band::AvailableKernels().end()),
+                         [](const auto& kernel) { return std::string(kernel.param->Name); });
+
+TEST(SolveMatrix, SolvesTheEquations) {
+    for (const auto& [Nw, N3] : {std::pair{1, 5}, {2, 2}, {12, 40}, {33, 20}, {90, 250}}) {
+        const System s = MakeSystem(Kind::Dominant, Nw, N3);
+        System solved = s;
+        EXPECT_FALSE(FEM_Class().SolveMatrix(Nw, N3, solved.A, solved.Q));
+        EXPECT_LT(Residual(s, solved.Q), 1E-6) << Nw;
+    }
+}
+
+TEST(SolveMatrix, AnEquationWithoutStiffnessGetsZero) {
+    System s = MakeSystem(Kind::ZeroDiagonals, 6, 23);
+    for (int n = 1; n <= s.N3; ++n) {
+        for (int l = 2; l <= s.Nw; ++l) { // cut the rows above off from the empty ones
+            if ((n + l - 1) % 5 == 2) {
+                s.A(n, l) = 0;
+            }
+        }
+    }
+    ASSERT_FALSE(FEM_Class().SolveMatrix(s.Nw, s.N3, s.A, s.Q));
+    for (int n = 1; n <= s.N3; ++n) {
+        EXPECT_EQ(s.Q(n) == 0, n % 5 == 2) << n;
+    }
+}
+
+TEST(SolveMatrix, LeavesTrailingZerosAlone) {
+    for (const int N3 : {5, 48, 100}) {
+        System s = MakeSystem(Kind::Dominant, 30, N3);
+        ASSERT_FALSE(FEM_Class().SolveMatrix(s.Nw, s.N3, s.A, s.Q));
+        for (int n = N3 + 1; n <= N3 + s.Nw - 1; ++n) {
+            EXPECT_EQ(s.Q(n), 0);
+            for (int l = 1; l <= s.Nw; ++l) {
+                ASSERT_EQ(s.A(n, l), 0);
+            }
+        }
+    }
+}
+
+TEST(SolveMatrix, NamesWhatIsOutOfRange) {
+    struct Case {
+        int Nw, N3, rows, columns, loads, error;
+        const char* text;
+    };
+    const Case cases[] = {
+        {4, 10, 10, 4, 13, 9, "FEM_Class.SolveMatrix: A"},
+        {4, 10, 13, 3, 13, 9, "FEM_Class.SolveMatrix: A"},
+        {4, 10, 13, 4, 10, 9, "FEM_Class.SolveMatrix: Q"},
+        {1, 32767, 32767, 1, 32767, 6, "FEM_Class.SolveMatrix"},
+        {3, 32766, 32770, 3, 32770, 6, "FEM_Class.SolveMatrix"},
+    };
+    for (const Case& c : cases) {
+        Array<Single> A(Bounds{0, c.rows}, Bounds{0, c.columns});
+        Array<Single> Q(Bounds{0, c.loads});
+        for (int n = 1; n <= c.rows; ++n) {
+            A(n, 1) = 2;
+        }
+        try {
+            FEM_Class().SolveMatrix(c.Nw, c.N3, A, Q);
+            ADD_FAILURE() << c.text;
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(static_cast<int>(error.Number()), c.error);
+            EXPECT_NE(std::string(error.what()).find(c.text), std::string::npos) << error.what();
+        }
+    }
+}
+
+} // namespace
+} // namespace torlib

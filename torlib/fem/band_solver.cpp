@@ -1,0 +1,21 @@
+#include "torlib/fem/band_kernel.h"
+#include "torlib/fem/fem_class.h"
+#include "torlib/frame/run_state.h"
+
+namespace torlib {
+
+bool FEM_Class::SolveMatrix(Integer Nw, Integer N3, Array<Single>& A, Array<Single>& Q,
+                            const Object& FrmShow, bool PrograssBarMode, const Object& ObjStbar) {
+    const MemberScope scope("FEM_Class.SolveMatrix", Named("A", A), Named("Q", Q));
+    band::EquationEvents events;
+    if (PrograssBarMode) {
+        events.Progress = [&](Integer n) { ProgressBarValue(FrmShow, n, ObjStbar); };
+    }
+    events.Cancelled = [&] { return CheckCancelRequest(FrmShow); };
+    if (!band::BoundsHold(Nw, N3, A, Q)) {
+        return band::SolveReference(Nw, N3, A, Q, events);
+    }
+    return band::Solve(band::FastestKernel(), Nw, N3, A, Q, events);
+}
+
+} // namespace torlib
