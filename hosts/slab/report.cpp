@@ -13,7 +13,7 @@ using torlib::String;
 
 namespace {
 
-constexpr int name_column = 34;
+constexpr int name_column = 46;
 constexpr int symbol_column = 8;
 constexpr int number_width = 12;
 
