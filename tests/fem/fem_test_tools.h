@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <vector>
 
 namespace torlib::test {
 
@@ -47,14 +49,22 @@ struct PlateModel {
 
     /// Stiffness and uniform pressure of all elements.
     void Assemble(double pressure) {
-        Array<Integer> types;
-        Array<Integer> corners;
-        ListElements(types, corners);
+        const int NNode = mesh == Mesh::Triangles ? 3 : 4;
+        const std::vector<std::array<int, 4>> elements = Elements();
+        const int NE = static_cast<int>(elements.size());
+        Array<Integer> types(Bounds{1, NE});
+        Array<Integer> corners(Bounds{1, NE}, Bounds{1, 4});
+        for (int element = 1; element <= NE; ++element) {
+            types(element) = NNode;
+            for (int k = 1; k <= NNode; ++k) {
+                corners(element, k) = elements[element - 1][k - 1];
+            }
+        }
         fem.GetBandWidth(Nw, NE, types, corners);
         A = Array<Single>(Bounds{1, 3 * Nk + Nw - 1}, Bounds{1, Nw});
         Q = Array<Single>(Bounds{1, 3 * Nk + Nw - 1});
-        for (int element = 1; element <= NE; ++element) {
-            AddElement(types(element), element, corners, pressure);
+        for (const auto& element : elements) {
+            AddElement(NNode, element, pressure);
         }
     }
 
@@ -94,7 +104,6 @@ struct PlateModel {
     Single T = 1;
     Single nu = 0.3;
     FEM_Class fem;
-    int NE = 0;
     Integer Nw = 0;
     Array<Single> A;
     Array<Single> Q;
@@ -103,40 +112,28 @@ struct PlateModel {
     Array<Single> AufL;
 
   private:
-    void ListElements(Array<Integer>& types, Array<Integer>& corners) {
-        const bool split = mesh == Mesh::Triangles;
-        NE = split ? 2 * nx * ny : nx * ny;
-        types.ReDim(NE);
-        corners.ReDim(NE, 4);
-        int element = 0;
-        const auto add = [&](std::initializer_list<int> nodes) {
-            types(++element) = static_cast<int>(nodes.size());
-            int k = 0;
-            for (const int node : nodes) {
-                corners(element, ++k) = node;
-            }
-        };
+    std::vector<std::array<int, 4>> Elements() const {
+        std::vector<std::array<int, 4>> elements;
         for (int j = 0; j < ny; ++j) {
             for (int i = 0; i < nx; ++i) {
                 const int n1 = Node(i, j);
-                const int n2 = Node(i + 1, j);
-                const int n3 = Node(i + 1, j + 1);
                 const int n4 = Node(i, j + 1);
-                if (split) {
-                    add({n1, n2, n3});
-                    add({n1, n3, n4});
+                if (mesh == Mesh::Triangles) {
+                    elements.push_back({n1, n1 + 1, n4 + 1, 0});
+                    elements.push_back({n1, n4 + 1, n4, 0});
                 } else {
-                    add({n1, n2, n3, n4});
+                    elements.push_back({n1, n1 + 1, n4 + 1, n4});
                 }
             }
         }
+        return elements;
     }
-    void AddElement(Integer NNode, int element, const Array<Integer>& corners, double pressure) {
+    void AddElement(Integer NNode, const std::array<int, 4>& nodes, double pressure) {
         Array<Integer> node(Bounds{1, NNode});
         Array<Single> XE(Bounds{1, NNode});
         Array<Single> YE(Bounds{1, NNode});
         for (int k = 1; k <= NNode; ++k) {
-            node(k) = corners(element, k);
+            node(k) = nodes[k - 1];
             XE(k) = X(node(k));
             YE(k) = Y(node(k));
         }

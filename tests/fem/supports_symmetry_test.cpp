@@ -113,6 +113,14 @@ TEST(Symmetry, ListsInOrder) {
     }
 }
 
+// 0.0010 - 7e-12 in double precision, 0.0010000000475 in 32 bits: not on the line.
+TEST(Symmetry, DistanceIsRoundedTo32Bits) {
+    RestraintList list;
+    FEM_Class().SymmetricalBoundaryPlate(2, ArrayFromOne<Single>({-6.2e-11, 0.00099999993108}), Y,
+                                         Y_Symmetric, list.NF, list.AufL, list.NS);
+    EXPECT_EQ(list.Read(), (Entries{{5, 0}}));
+}
+
 TEST(Symmetry, KeepsSupportValuesAndCompacts) {
     RestraintList list{4, ArrayFromOne<Integer>({9, 8, 9, 2}),
                        ArrayFromOne<Single>({0.5, 0.25, 7, 1})};

@@ -45,7 +45,7 @@ Coefficients RectangleCoefficients(Single a, Single b, Single nu) {
 
 /// Which coefficient stands where in the upper triangle; a minus sign negates it.
 // clang-format off
-constexpr std::int8_t RectanglePattern[RectangleSize][RectangleSize] = {
+constexpr std::int16_t RectanglePattern[RectangleSize][RectangleSize] = {
     {1,  2,  3,  4,  5,  -6,   7,   8,  -9,  10,  11,  12},
     {0, 13, 14, -5, 15,   0,  -8,  16,   0,  11,  17,   0},
     {0,  0, 18, -6,  0,  19,   9,   0,  20, -12,   0,  21},
