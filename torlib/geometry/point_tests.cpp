@@ -24,7 +24,8 @@ bool Geometry_Class::PointInPolygon(const Integer& NS, const Array<Single>& x,
     constexpr Single tolerance = 0.0001;
     for (int i : Range(1, NS)) {
         const int j = i == NS ? 1 : i + 1;
-        const Single cross = (Y(j) - Y(i)) * (XI - x(i)) - TaggedProduct(x(j) - x(i), Yi, Y(i));
+        const Real first = (Y(j) - Y(i)) * (XI - x(i));
+        const Single cross = first - TaggedProduct(x(j) - x(i), Yi, Y(i));
         if (Abs(cross) >= tolerance && cross > 0) {
             return false;
         }

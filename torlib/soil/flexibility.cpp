@@ -38,7 +38,10 @@ Single Soil_Class::Co_P_LM(const Single& x1, const Single& x2, const Single& y1,
     for (int pass = 1; pass <= 2; ++pass) {
         const Real z = ZG;
         const Real R = Sqrt(r * r + z * z);
-        const Real A = 2 * (1 - Anue) / r - 2 * (1 - Anue) / R - z * z / (R * R * R);
+        // One statement for each division: the first that fails decides the error number.
+        const Real surface = 2 * (1 - Anue) / r;
+        const Real inside = 2 * (1 - Anue) / R;
+        const Real A = surface - inside - z * z / (R * R * R);
         S = (1 + Anue) * A - S;
         ZG = ZG + Ho;
     }

@@ -13,11 +13,14 @@ Real FifthPower(Real R) {
     return R * R * R * R * R;
 }
 
+// Where two divisions can fail, each has its own statement: the first one decides the error number.
+
 /// Horizontal normal stress in the direction of the component d of the distance in plan.
 Real HorizontalStress(Real d, Real z, Real R, Real nu) {
-    const Real elastic = 1 / (R * (R + z)) -
-                         d * d * (2 * R + z) / (R * R * R * ((R + z) * (R + z))) - z / (R * R * R);
-    return 3 / (2 * Pi) * (d * d * z / FifthPower(R) + (1 - 2 * nu) / 3 * elastic);
+    const Real direct = d * d * z / FifthPower(R);
+    const Real uniform = 1 / (R * (R + z));
+    const Real directed = d * d * (2 * R + z) / (R * R * R * ((R + z) * (R + z)));
+    return 3 / (2 * Pi) * (direct + (1 - 2 * nu) / 3 * (uniform - directed - z / (R * R * R)));
 }
 
 /// Shear stress on the horizontal plane in the direction of the component d.
@@ -91,7 +94,8 @@ Single Soil_Class::Wz_P_ST(const Single& x1, const Single& x2, const Single& y1,
     const MemberScope scope("Soil_Class.Wz_P_ST");
     const Real z = ZG;
     const Real R = SpatialDistance(x1 - x2, y1 - y2, z);
-    return (1 + Anue) / (2 * Pi) * (z * z / (R * R * R) + 2 * (1 - Anue) / R);
+    const Real direct = z * z / (R * R * R);
+    return (1 + Anue) / (2 * Pi) * (direct + 2 * (1 - Anue) / R);
 }
 
 Single Soil_Class::Ux_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,

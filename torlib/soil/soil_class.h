@@ -56,7 +56,7 @@ class TORLIB_API Soil_Class {
 
     /// Normal stress in x under a point load.
     ///
-    /// Result: stress per unit load, compression positive. Errors: 6 or 11 at the load itself.
+    /// Result: stress per unit load, compression positive. Errors: 6 at the load itself.
     /// Source: Boussinesq (1885); Poulos and Davis (1974), Elastic solutions for soil and rock
     /// mechanics, section 2.1.
     Single Sx_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
@@ -85,8 +85,8 @@ class TORLIB_API Soil_Class {
 
     /// Vertical displacement under a point load.
     ///
-    /// Result: settlement per unit load and unit modulus, downward positive. Errors: 6 or 11 at the
-    /// load itself. Source: Boussinesq (1885).
+    /// Result: settlement per unit load and unit modulus, downward positive. Errors: 6 at the load
+    /// itself. Source: Boussinesq (1885).
     Single Wz_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
                    const Single& ZG, const Single& Anue) const;
 
