@@ -1,0 +1,91 @@
+#include "torlib/platform/component/variant.h"
+
+#include "tests/error_text.h"
+
+#include <gtest/gtest.h>
+
+namespace torlib {
+namespace {
+
+using test::ErrorText;
+
+TEST(Array, KeepsTheCallersBoundsAndStoresColumnByColumn) {
+    Array<double> a(Bounds{1, 3}, Bounds{-1, 2});
+    for (int j = -1; j <= 2; ++j) {
+        for (int i = 1; i <= 3; ++i) {
+            a(i, j) = 10 * i + j;
+        }
+    }
+    EXPECT_EQ(a.Size(), 12U);
+    EXPECT_EQ(a.LBound(2), -1);
+    EXPECT_EQ(a.UBound(1), 3);
+    EXPECT_EQ(a.Data()[0], a(1, -1));
+    EXPECT_EQ(a.Data()[2], a(3, -1));
+    EXPECT_EQ(a.Data()[3], a(1, 0));
+    EXPECT_EQ(a.Data()[11], a(3, 2));
+}
+
+TEST(Array, ABadIndexOrShapeIsErrorNine) {
+    Array<double> none;
+    Array<double> line(Bounds{1, 3});
+    Array<double> table(Bounds{1, 2}, Bounds{0, 1});
+    const auto read = [](const auto& a, auto... index) { return ErrorText([&] { a(index...); }); };
+    EXPECT_EQ(read(none, 0), "array is not allocated (error 9)");
+    EXPECT_EQ(read(none, 0, 0), "array is not allocated (error 9)");
+    EXPECT_EQ(read(line, 0), "index 0 outside 1..3 (error 9)");
+    EXPECT_EQ(read(line, 4), "index 4 outside 1..3 (error 9)");
+    EXPECT_EQ(read(line, 1, 1), "two indices given for an array of one dimension (error 9)");
+    EXPECT_EQ(read(table, 1), "one index given for an array of two dimensions (error 9)");
+    EXPECT_EQ(read(table, 2, 2), "index (2, 2) outside (1..2, 0..1) (error 9)");
+    EXPECT_EQ(read(table, 3, 0), "index (3, 0) outside (1..2, 0..1) (error 9)");
+    EXPECT_EQ(read(table, 1, -1), "index (1, -1) outside (1..2, 0..1) (error 9)");
+    EXPECT_EQ(read(line, 1), "");
+    EXPECT_EQ(read(table, 2, 1), "");
+    EXPECT_NE(ErrorText([&] { line.UBound(2); }), "");
+    EXPECT_NE(ErrorText([&] { none.LBound(); }), "");
+    EXPECT_NE(ErrorText([&] { Array<double>(Bounds{3, 1}); }), "");
+    EXPECT_EQ(ErrorText([&] { Array<double>(Bounds{1, 0}); }), "");
+}
+
+TEST(Array, ReDimIsFreshAndReDimPreserveKeepsWhatBothRangesHold) {
+    Array<double> a(Bounds{2, 4});
+    a(2) = 2;
+    a(4) = 4;
+    a.ReDimPreserve(3);
+    EXPECT_EQ(a.LBound(), 0);
+    EXPECT_EQ(a.UBound(), 3);
+    EXPECT_EQ(a(0), 0);
+    EXPECT_EQ(a(2), 2);
+    a.ReDimPreserve(5);
+    EXPECT_EQ(a(2), 2);
+    EXPECT_EQ(a(4), 0) << "cut off before, so it does not come back";
+    a.ReDim(2);
+    EXPECT_EQ(a(2), 0);
+    a.ReDim(1, 2);
+    EXPECT_EQ(a.Dimensions(), 2);
+    EXPECT_EQ(a.Size(), 6U);
+    EXPECT_EQ(ErrorText([&] { a.ReDim(-1); }), "cannot have the size -1 (error 9)");
+    EXPECT_NE(ErrorText([&] { a.ReDim(3, -1); }), "");
+    EXPECT_NE(ErrorText([&] { a.ReDimPreserve(4); }), "") << "two dimensions do not grow";
+    EXPECT_EQ(a.Size(), 6U) << "a refused size leaves the array as it is";
+}
+
+TEST(Array, MessagesNameTheMemberAndTheArgumentAtWork) {
+    Array<double> a(Bounds{1, 2});
+    const MemberScope outer("Outer.Member", Named("Other", a));
+    {
+        const MemberScope inner("Inner.Member", Named("A", a));
+        EXPECT_EQ(ErrorText([&] { a(5) = 1; }), "Inner.Member: A: index 5 outside 1..2 (error 9)");
+    }
+    EXPECT_EQ(ErrorText([&] { a(5) = 1; }), "Outer.Member: Other: index 5 outside 1..2 (error 9)");
+}
+
+TEST(Array, WithoutMemoryItIsLeftUnallocated) {
+    Array<double> a(Bounds{0, 3});
+    EXPECT_ANY_THROW(a.ReDim(2000000000, 2000000000));
+    EXPECT_EQ(a.Dimensions(), 0);
+    EXPECT_NE(ErrorText([&] { a(0, 0) = 1; }), "");
+}
+
+} // namespace
+} // namespace torlib
