@@ -1,0 +1,29 @@
+#include "torlib/server/class_list.h"
+
+#include "torlib/fem/fem_class.h"
+#include "torlib/frame/enum_constant_class.h"
+#include "torlib/geometry/geometry_class.h"
+#include "torlib/numeric/math_class.h"
+#include "torlib/soil/soil_class.h"
+#include "torlib/ui/torva_class.h"
+
+namespace torlib {
+
+std::span<const ClassInfo* const> BuiltClasses() {
+    static const ClassInfo* const classes[] = {
+        &TORVAClass::Info(), &EnumConstantClass::Info(), &FEM_Class::Info(),
+        &Math_Class::Info(), &Soil_Class::Info(),        &Geometry_Class::Info(),
+    };
+    return classes;
+}
+
+const ClassInfo* FindClass(const Guid& classId) {
+    for (const ClassInfo* info : BuiltClasses()) {
+        if (info->ClassId == classId) {
+            return info;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace torlib
