@@ -86,8 +86,8 @@ std::span<const Kernel* const> AvailableKernels() {
     return kernels;
 }
 
-const Kernel& FastestKernel() {
-    return *AvailableKernels().back();
+const Kernel& FastestKernel(Integer Nw) {
+    return *(Nw < 40 ? AvailableKernels().front() : AvailableKernels().back());
 }
 
 bool BoundsHold(Integer Nw, Integer N3, const Array<Single>& A, const Array<Single>& Q) {

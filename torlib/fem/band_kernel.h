@@ -5,7 +5,7 @@
 // band_reference.h. Before each equation a bound on the largest entry proves that nothing can
 // overflow; where it cannot, the reference routine takes the equation and finds the exact error.
 //
-//     band::Solve(band::FastestKernel(), Nw, N3, A, Q);
+//     band::Solve(band::FastestKernel(Nw), Nw, N3, A, Q);
 
 #include "torlib/fem/band_reference.h"
 #include "torlib/fem/band_tile.h"
@@ -16,7 +16,8 @@ namespace torlib::band {
 
 /// The kernels that this processor runs, slowest first; all give the same bits.
 std::span<const Kernel* const> AvailableKernels();
-const Kernel& FastestKernel();
+/// The fastest of them for a half band width; wide vectors waste most of a narrow band.
+const Kernel& FastestKernel(Integer Nw);
 
 /// True when all indices of a solution lie inside the arrays and inside 16 bits.
 bool BoundsHold(Integer Nw, Integer N3, const Array<Single>& A, const Array<Single>& Q);

@@ -15,7 +15,7 @@ bool FEM_Class::SolveMatrix(Integer Nw, Integer N3, Array<Single>& A, Array<Sing
     if (!band::BoundsHold(Nw, N3, A, Q)) {
         return band::SolveReference(Nw, N3, A, Q, events);
     }
-    return band::Solve(band::FastestKernel(), Nw, N3, A, Q, events);
+    return band::Solve(band::FastestKernel(Nw), Nw, N3, A, Q, events);
 }
 
 } // namespace torlib

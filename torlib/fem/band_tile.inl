@@ -6,6 +6,10 @@
 
 #include "torlib/fem/band_tile.h"
 
+#ifdef __AVX2__
+#include <immintrin.h>
+#endif
+
 namespace torlib::band {
 namespace {
 
@@ -27,10 +31,21 @@ TORLIB_TILE_INLINE Doubles LoadDoubles(const double* from) {
     return values;
 }
 
+/// Spelled out where the compiler would widen the halves one by one.
+TORLIB_TILE_INLINE Doubles Widen(Floats values) {
+#if defined(__AVX512F__)
+    return _mm512_maskz_cvtps_pd(0xFF, values); // all lanes; the plain form warns in gcc 12
+#elif defined(__AVX2__)
+    return _mm256_cvtps_pd(values);
+#else
+    return __builtin_convertvector(values, Doubles);
+#endif
+}
+
 TORLIB_TILE_INLINE Doubles LoadFloats(const float* from) {
     Floats values;
     __builtin_memcpy(&values, from, sizeof values);
-    return __builtin_convertvector(values, Doubles);
+    return Widen(values);
 }
 
 TORLIB_TILE_INLINE void StoreFloats(float* to, Doubles values) {
@@ -39,7 +54,7 @@ TORLIB_TILE_INLINE void StoreFloats(float* to, Doubles values) {
 }
 
 TORLIB_TILE_INLINE Doubles Round(Doubles values) {
-    return __builtin_convertvector(__builtin_convertvector(values, Floats), Doubles);
+    return Widen(__builtin_convertvector(values, Floats));
 }
 
 TORLIB_TILE_INLINE Doubles Positions(int first) {
@@ -112,7 +127,8 @@ TORLIB_TILE_INLINE void Update(const Panel& panel, int row, float* entries, std:
         float* const corner = entries + (column - block);
         Tile<R, V> tile;
         tile.Load(corner, stride);
-        int q = column > panel.Reach ? column - panel.Reach : 0;
+        const int nearest = column > row ? column : row;
+        int q = nearest > panel.Reach ? nearest - panel.Reach : 0;
         for (; q < panel.Count && panel.Reach + q < column + Width - 1; ++q) {
             tile.ApplyUpTo(panel.Reach + q, column, panel.Rows + q * panel.Stride + column,
                            panel.Ratios + q * panel.Stride + row);
