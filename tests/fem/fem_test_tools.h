@@ -1,5 +1,7 @@
 #pragma once
-// What the tests of the finite-element core share: error numbers, and a plate on a regular mesh.
+// A plate on a regular mesh, for the tests of the finite-element core.
+
+#include "tests/error_of.h"
 
 #include "torlib/fem/fem_class.h"
 #include "torlib/fem/restraint_list.h"
@@ -11,17 +13,6 @@
 #include <vector>
 
 namespace torlib::test {
-
-/// Number of the run-time error that a call ends with, 0 for none.
-template <class F>
-int ErrorOf(F call) {
-    try {
-        call();
-    } catch (const RunTimeError& error) {
-        return static_cast<int>(error.Number());
-    }
-    return 0;
-}
 
 enum class Mesh { Rectangles, Triangles };
 
