@@ -164,6 +164,9 @@ requires IndexOperands<L, R>
 constexpr int operator*(L a, R b) {
     return static_cast<int>(a) * static_cast<int>(b);
 }
+constexpr int operator-(Integer a) {
+    return -static_cast<int>(a);
+}
 template <class L, class R>
 requires IndexOperands<L, R>
 constexpr Real operator/(L a, R b) {

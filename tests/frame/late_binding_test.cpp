@@ -1,0 +1,229 @@
+#include "torlib/frame/class_object.h"
+#include "torlib/frame/enumerations.h"
+
+#include "tests/error_text.h"
+
+#include "torlib/platform/component/dynamic_object.h"
+
+#include <gtest/gtest.h>
+
+namespace torlib {
+namespace {
+
+using test::ErrorText;
+
+/// A class with one member of each calling shape.
+class Probe {
+  public:
+    static Probe& DefaultInstance() {
+        static Probe instance;
+        return instance;
+    }
+    static const ClassInfo& Info();
+
+    Probe() { ++living; }
+    Probe(const Probe&) = delete;
+    Probe& operator=(const Probe&) = delete;
+    ~Probe() { --living; }
+
+    Single Weighted(Integer N, const Single& x, const Array<Single>& A, OptionalRef<Single> Big) {
+        const MemberScope scope("Probe.Weighted", Named("A", A));
+        Single sum = 0;
+        for (const int i : Range(1, N)) {
+            sum += A(i) * x;
+        }
+        Big.Set(sum + 1);
+        return sum;
+    }
+    void Change(Integer& count, Single& length, String& text, bool& flag) {
+        const MemberScope scope("Probe.Change");
+        text += u"!";
+        flag = !flag;
+        length = count / Real(10);
+        count = count * 2;
+        if (count > 100) {
+            RaiseError(ErrorNumber::InvalidArgument, "too many");
+        }
+    }
+    String Defaults(Integer n, bool flag, Long step, const String& text, const Object& form,
+                    const Variant& any, SymmetricCase kind) {
+        const auto digit = [](Long v) { return FromUtf8(std::to_string(v)); };
+        return digit(n) + (flag ? u"T" : u"F") + digit(step) + u"<" + text + u">" +
+               (form ? u"form" : u"none") + (any.IsMissing() ? u"missing" : any.ToText()) +
+               digit(static_cast<Long>(kind));
+    }
+    void Grow(Array<Integer>& A, Integer n) { A.ReDim(n); }
+    Long ReadLevel() const { return level_; }
+    void WriteLevel(Long NewValue) { level_ = NewValue; }
+
+    static inline int living = 0;
+
+  private:
+    Long level_ = 0;
+};
+
+constexpr Member members[] = {
+    Method<&Probe::Weighted>(u"Weighted", u"", {u"N", u"x", u"A", {u"Big", Omitted}}),
+    Method<&Probe::Change>(u"Change", u"", {u"count", u"length", u"text", u"flag"}),
+    Method<&Probe::Defaults>(u"Defaults", u"",
+                             {u"n",
+                              {u"flag", true},
+                              {u"step", -3},
+                              {u"text", Omitted},
+                              {u"form", Omitted},
+                              {u"any", Omitted},
+                              {u"kind", 4}}),
+    Reserved(u"Later"),
+    Method<&Probe::Grow>(u"Grow", u"", {u"A", u"n"}),
+    PropertyGet<&Probe::ReadLevel>(u"Level", u""),
+    PropertyPut<&Probe::WriteLevel>(u"Level", u"", {u"NewValue"}),
+};
+
+const ClassInfo& Probe::Info() {
+    static const ClassInfo info{u"Probe",
+                                u"",
+                                IidUnknown,
+                                IidClassFactory,
+                                members,
+                                []() -> void* { return new Probe; },
+                                [](void* probe) { delete static_cast<Probe*>(probe); },
+                                []() -> void* { return &DefaultInstance(); }};
+    return info;
+}
+
+class LateBinding : public testing::Test {
+  protected:
+    Object probe = NewObject(Probe::Info());
+    Array<Single> A = ArrayFromOne<Single>({1, 2, 3});
+};
+
+TEST_F(LateBinding, ArgumentsStandAtTheirPlaceOrGoByName) {
+    EXPECT_EQ(probe.Invoke(u"Weighted", {3, 0.5, ByRef(A)}).ToDouble(), 3);
+    EXPECT_EQ(probe.Invoke(u"wEIGHTED", {3, {u"a", ByRef(A)}, {u"X", u"2"}}).ToDouble(), 12);
+    EXPECT_EQ(probe.Invoke(u"Weighted", {{u"A", ByRef(A)}, {u"x", 1}, {u"n", 2.5}}).ToDouble(), 3)
+        << "2.5 becomes the count 2";
+    float big = 0;
+    probe.Invoke(u"Weighted", {3, 1, ByRef(A), ByRef(big)});
+    EXPECT_EQ(big, 7.0F);
+}
+
+TEST_F(LateBinding, WhatIsLeftOutTakesItsDefault) {
+    const DynamicObject form;
+    const auto text = [this](std::vector<Argument> arguments) {
+        return ToUtf8(probe.Invoke(u"Defaults", std::move(arguments)).ToText());
+    };
+    EXPECT_EQ(text({1}), "1T-3<>nonemissing4");
+    EXPECT_EQ(text({1, Missing(), Missing(), u"x"}), "1T-3<x>nonemissing4");
+    EXPECT_EQ(text({1, false, 5, u"x", form.Reference(), 7, 2}), "1F5<x>form72");
+    EXPECT_EQ(text({1, {u"any", Variant()}}), "1T-3<>none4") << "nothing is not missing";
+}
+
+TEST_F(LateBinding, ByReferenceArgumentsComeBackInTheTypeOfTheVariable) {
+    std::int32_t count = 7;
+    double length = 0;
+    std::u16string text = u"a";
+    Variant flag = false;
+    probe.Invoke(u"Change", {ByRef(count), ByRef(length), ByRef(text), ByRef(flag)});
+    EXPECT_EQ(count, 14);
+    EXPECT_EQ(length, static_cast<double>(0.7F));
+    EXPECT_EQ(text, u"a!");
+    EXPECT_TRUE(flag.ToBoolean());
+    count = 60;
+    EXPECT_EQ(ErrorText([&] {
+                  probe.Invoke(u"Change", {ByRef(count), 1, ByRef(text), true});
+              }),
+              "Probe.Change: too many (error 5)");
+    EXPECT_EQ(count, 120) << "also when the member fails";
+    EXPECT_EQ(text, u"a!!");
+    length = 0.1;
+    EXPECT_NE(ErrorText([&] { probe.Invoke(u"Change", {1, ByRef(length), u"", u"x"}); }), "");
+    EXPECT_EQ(length, 0.1) << "but not when it was never called";
+}
+
+TEST_F(LateBinding, ArraysAreTheCallersOwn) {
+    Array<Integer> numbers(Bounds{3, 5});
+    probe.Invoke(u"Grow", {ByRef(numbers), 2});
+    EXPECT_EQ(numbers.LBound(), 0);
+    EXPECT_EQ(numbers.UBound(), 2);
+    EXPECT_EQ(ErrorText([&] {
+                  probe.Invoke(u"Weighted", {5, 1, ByRef(A)});
+              }),
+              "Probe.Weighted: A: index 4 outside 0..3 (error 9)");
+}
+
+TEST_F(LateBinding, AWrongCallSaysWhatWouldBeRight) {
+    Array<Integer> whole(Bounds{0, 3});
+    const struct {
+        const char16_t* member;
+        std::vector<Argument> arguments;
+        std::string text;
+    } cases[] = {
+        {u"Weigted",
+         {},
+         "Probe.Weigted: Probe has no member Weigted of this use (did you mean Weighted?) (error 438)"},
+        {u"Later", {}, "Probe.Later: Probe has no member Later of this use (error 438)"},
+        {u"Weighted", {1, 2}, "Probe.Weighted: A: the argument is not optional (error 449)"},
+        {u"Weighted",
+         {{u"A", ByRef(A)}},
+         "Probe.Weighted: N: the argument is not optional (error 449)"},
+        {u"Weighted",
+         {1, 2, ByRef(A), 4, 5},
+         "Probe.Weighted: at most 4 arguments are possible (error 450)"},
+        {u"Weighted",
+         {1, 2, {u"N", 3}},
+         "Probe.Weighted: the argument N is given twice (error 450)"},
+        {u"Weighted",
+         {1, {u"Bigg", 2}},
+         "Probe.Weighted: there is no parameter Bigg (did you mean Big?) (error 448)"},
+        {u"Weighted", {u"F", 2, ByRef(A)}, "Probe.Weighted: N: \"F\" is not a number (error 13)"},
+        {u"Weighted",
+         {40000, 2, ByRef(A)},
+         "Probe.Weighted: N: the value 40000 is outside the 16-bit range -32768..32767 (error 6)"},
+        {u"Weighted",
+         {1, 2, ByRef(whole)},
+         "Probe.Weighted: A: an array of another element type is needed, not an array of Integer (error 13)"},
+        {u"Weighted",
+         {1, 2, 3},
+         "Probe.Weighted: A: an array of another element type is needed, not the value 3 (error 13)"},
+        {u"Defaults",
+         {{u"n", 1}, {u"form", 5}},
+         "Probe.Defaults: form: an object is required, not the value 5 (error 424)"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(ErrorText([&] { probe.Invoke(c.member, c.arguments); }), c.text);
+    }
+}
+
+TEST_F(LateBinding, APropertyIsReadAndWrittenUnderOneName) {
+    probe.Put(u"level", 70000);
+    EXPECT_EQ(probe.Get(u"LEVEL").ToLong(), 70000);
+    EXPECT_EQ(test::ErrorOf([&] { probe.Put(u"Weighted", 1); }), 438);
+    EXPECT_EQ(test::ErrorOf([&] { probe.Put(u"Level", u"high"); }), 13);
+    const Object shared = DefaultObject(Probe::Info());
+    shared.Put(u"Level", 3);
+    EXPECT_EQ(DefaultObject(Probe::Info()).Get(u"Level").ToLong(), 3) << "one default instance";
+    EXPECT_EQ(Probe::DefaultInstance().ReadLevel(), 3);
+    EXPECT_EQ(probe.Get(u"Level").ToLong(), 70000) << "an instance of its own";
+}
+
+TEST_F(LateBinding, InterfacesAndLifetimeAreCounted) {
+    const long before = LiveObjects();
+    const int instances = Probe::living;
+    Object other = NewObject(Probe::Info());
+    void* again = nullptr;
+    ASSERT_EQ(other.Pointer()->QueryInterface(Probe::Info().InterfaceId, &again), Result::Ok);
+    EXPECT_EQ(other.Pointer()->QueryInterface(LibraryId, &again), Result::NoInterface);
+    EXPECT_EQ(again, nullptr);
+    EXPECT_EQ(LiveObjects(), before + 1);
+    Dispatch* held = other.Pointer();
+    other = nullptr;
+    EXPECT_EQ(Probe::living, instances + 1) << "the second reference keeps it";
+    ErrorRecord error;
+    EXPECT_EQ(held->Invoke(u"Level", InvokeKind::PropertyGet, {}, nullptr, &error), Result::Ok);
+    EXPECT_EQ(held->Release(), 0U);
+    EXPECT_EQ(Probe::living, instances);
+    EXPECT_EQ(LiveObjects(), before);
+}
+
+} // namespace
+} // namespace torlib
