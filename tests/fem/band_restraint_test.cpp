@@ -1,4 +1,4 @@
-// Width of the band, imposed values against the dense reduced system, cancellation, repeated
+// Width of the band, imposed values, cancellation, repeated
 // restraints.
 
 #include "fem_test_tools.h"
@@ -7,57 +7,46 @@
 #include "torlib/platform/component/dynamic_object.h"
 #include "torlib/platform/windows/events.h"
 
+#include <map>
 #include <random>
-#include <utility>
 #include <vector>
 
 namespace torlib::test {
 namespace {
 
-TEST(BandWidth, LargestDifferenceWithinOneElement) {
-    struct Case {
-        std::vector<std::vector<int>> elements;
-        int width;
-    };
-    const Case cases[] = {
-        {{}, 3},
-        {{{1, 2, 5, 4}}, 15},
-        {{{3, 3, 3}}, 3},
-        {{{1, 2, 3}, {40, 42, 47}, {90, 91, 90}}, 24},
-        {{{1, 2, 3}, {10, 4, 9, 5}}, 21}, // first corner, first and second
-        {{{2, 3, 9, 4}}, 24},
-        {{{4, 5, 3, 9}}, 21}, // third and fourth
-    };
-    for (const Case& c : cases) {
-        const int NE = static_cast<int>(c.elements.size());
-        Array<Integer> types(Bounds{1, NE});
-        Array<Integer> corners(Bounds{1, NE}, Bounds{1, 4});
-        for (int e = 1; e <= NE; ++e) {
-            const auto& nodes = c.elements[static_cast<std::size_t>(e - 1)];
-            types(e) = static_cast<int>(nodes.size());
-            for (int k = 1; k <= types(e); ++k) {
-                corners(e, k) = nodes[static_cast<std::size_t>(k - 1)];
-            }
+int WidthOf(const std::vector<std::vector<int>>& elements) {
+    const int NE = static_cast<int>(elements.size());
+    Array<Integer> types(Bounds{1, NE});
+    Array<Integer> corners(Bounds{1, NE}, Bounds{1, 5});
+    int element = 0;
+    for (const auto& nodes : elements) {
+        types(++element) = static_cast<int>(nodes.size());
+        int k = 0;
+        for (const int node : nodes) {
+            corners(element, ++k) = node;
         }
-        Integer Nw = -1;
-        EXPECT_FALSE(FEM_Class().GetBandWidth(Nw, NE, types, corners));
-        EXPECT_EQ(+Nw, c.width);
     }
+    Integer Nw;
+    EXPECT_FALSE(FEM_Class().GetBandWidth(Nw, NE, types, corners));
+    return Nw;
 }
 
-TEST(BandWidth, Failures) {
-    Array<Integer> corners(Bounds{1, 1}, Bounds{1, 6});
-    Integer Nw;
-    const auto run = [&](int type) {
-        return ErrorOf(
-            [&] { FEM_Class().GetBandWidth(Nw, 1, ArrayFromOne<Integer>({type}), corners); });
-    };
-    EXPECT_EQ(run(4), 0);
-    EXPECT_EQ(run(5), 9) << "more than 4 corners";
-    corners(1, 2) = 10922;
-    EXPECT_EQ(run(3), 6) << "width 32769";
-    corners(1, 2) = 10921;
-    EXPECT_EQ(run(3), 0);
+TEST(BandWidth, LargestDifferenceWithinOneElement) {
+    EXPECT_EQ(WidthOf({}), 3);
+    EXPECT_EQ(WidthOf({{1, 2, 5, 4}}), 15);
+    EXPECT_EQ(WidthOf({{3, 3, 3}}), 3);
+    EXPECT_EQ(WidthOf({{1, 2, 3}, {40, 42, 47}, {90, 91, 90}}), 24);
+    for (const auto& nodes : {std::vector{10, 4, 9, 5},
+                              {10, 5, 4, 9},
+                              {9, 5, 6, 3},
+                              {4, 10, 5, 9},
+                              {5, 10, 9, 4},
+                              {5, 6, 10, 4}}) {
+        EXPECT_EQ(WidthOf({nodes}), 21) << "every pair of corners may be the widest";
+    }
+    EXPECT_EQ(WidthOf({{1, 10922, 1}}), 32766);
+    EXPECT_EQ(ErrorOf([] { WidthOf({{1, 10923, 1}}); }), 6);
+    EXPECT_EQ(ErrorOf([] { WidthOf({{1, 1, 1, 1, 1}}); }), 9);
 }
 
 /// A random positive definite band system, with its zero rows at the foot.
@@ -85,52 +74,14 @@ struct BandSystem {
     Array<Single> Q;
 };
 
-/// Solves the dense system of the equations that are not prescribed, in double precision.
-std::vector<double> DenseReduced(const BandSystem& s,
-                                 const std::vector<std::pair<int, double>>& held) {
-    const int n = BandSystem::N3;
-    std::vector<std::vector<double>> M(static_cast<std::size_t>(n),
-                                       std::vector<double>(static_cast<std::size_t>(n) + 1));
-    for (int i = 1; i <= n; ++i) {
-        auto& row = M[static_cast<std::size_t>(i - 1)];
-        for (int j = 1; j <= n; ++j) {
-            row[static_cast<std::size_t>(j - 1)] = s.K(i, j);
-        }
-        row.back() = s.Q(i).Value();
-        for (const auto& [equation, value] : held) {
-            if (equation == i) {
-                std::fill(row.begin(), row.end(), 0.0);
-                row[static_cast<std::size_t>(i - 1)] = 1;
-                row.back() = value;
-            }
-        }
-    }
-    const auto size = static_cast<std::size_t>(n);
-    for (std::size_t k = 0; k < size; ++k) {
-        for (std::size_t i = 0; i < size; ++i) {
-            const double factor = i == k ? 0 : M[i][k] / M[k][k];
-            for (std::size_t j = k; j <= size; ++j) {
-                M[i][j] -= factor * M[k][j];
-            }
-        }
-    }
-    std::vector<double> solution;
-    for (std::size_t k = 0; k < size; ++k) {
-        solution.push_back(M[k][size] / M[k][k]);
-    }
-    return solution;
-}
-
-TEST(Restraints, EqualDenseReducedSolution) {
-    const std::vector<std::vector<std::pair<int, double>>> lists = {
-        {},
-        {{1, 0.0}},
-        {{14, 2.5}},
-        {{7, 0.5}, {3, -1.25}, {4, 0.0}},
-        {{14, 1.0}, {1, 2.0}, {10, 3.0}}};
+// Held equations take their values exactly; the others are in equilibrium with the stiffness and
+// loads before the restraints were imposed.
+TEST(Restraints, PrescribedValuesAndEquilibriumOfTheRest) {
+    const std::vector<std::map<int, double>> lists = {
+        {}, {{1, 0}}, {{14, 2.5}}, {{3, -1.25}, {4, 0}, {7, 0.5}}, {{1, 2}, {10, 3}, {14, 1}}};
     for (const auto& held : lists) {
+        const BandSystem original(3);
         BandSystem system(3);
-        const std::vector<double> expected = DenseReduced(system, held);
         Array<Integer> NS;
         Array<Single> AufL;
         Integer NF = 0;
@@ -139,56 +90,41 @@ TEST(Restraints, EqualDenseReducedSolution) {
         }
         FEM_Class fem;
         EXPECT_FALSE(fem.SetBoundaryToMatrix(BandSystem::Nw, NF, system.A, system.Q, AufL, NS));
-        for (const auto& [equation, value] : held) {
-            EXPECT_EQ(system.A(equation, 1).Value(), 1);
-            EXPECT_EQ(system.Q(equation).Value(), static_cast<float>(value));
-            for (int other = 1; other <= BandSystem::N3; ++other) {
-                EXPECT_EQ(system.K(equation, other), other == equation ? 1 : 0);
-            }
-        }
         EXPECT_FALSE(fem.SolveMatrix(BandSystem::Nw, BandSystem::N3, system.A, system.Q));
-        for (int n = 1; n <= BandSystem::N3; ++n) {
-            EXPECT_NEAR(system.Q(n).Value(), expected[static_cast<std::size_t>(n - 1)], 1e-6) << n;
-        }
-        for (const auto& [equation, value] : held) {
-            EXPECT_EQ(system.Q(equation).Value(), static_cast<float>(value));
+        for (int i = 1; i <= BandSystem::N3; ++i) {
+            double residual = -original.Q(i).Value();
+            for (int j = 1; j <= BandSystem::N3; ++j) {
+                residual += original.K(i, j) * system.Q(j).Value();
+            }
+            if (held.contains(i)) {
+                EXPECT_EQ(system.Q(i).Value(), held.at(i));
+            } else {
+                EXPECT_NEAR(residual, 0, 1e-5) << held.size() << " held, equation " << i;
+            }
         }
     }
 }
 
-TEST(Restraints, LastOfRepeatedValuesHolds) {
+TEST(Restraints, RepeatsAndMissingRows) {
     BandSystem system(4);
-    FEM_Class().SetBoundaryToMatrix(5, 2, system.A, system.Q, ArrayFromOne<Single>({2, 3}),
-                                    ArrayFromOne<Integer>({6, 6}));
-    EXPECT_EQ(system.Q(6).Value(), 3);
-}
-
-TEST(Restraints, MissingTrailingRowsFail) {
-    BandSystem system(5);
-    Array<Single> A(Bounds{1, 14}, Bounds{1, 5});
-    Array<Single> Q(Bounds{1, 14});
-    const auto run = [&](Array<Single>& load) {
+    const FEM_Class fem;
+    const auto run = [&](Array<Single>& Q, int equation) {
+        const auto NS = ArrayFromOne<Integer>({equation, equation});
         return ErrorOf([&] {
-            FEM_Class().SetBoundaryToMatrix(5, 1, A, load, ArrayFromOne<Single>({0}),
-                                            ArrayFromOne<Integer>({12}));
+            fem.SetBoundaryToMatrix(5, 2, system.A, Q, ArrayFromOne<Single>({2, 3}), NS);
         });
     };
-    EXPECT_EQ(run(Q), 9);
-    EXPECT_EQ(run(system.Q), 0);
+    EXPECT_EQ(run(system.Q, 12), 0);
+    EXPECT_EQ(system.Q(12).Value(), 3) << "the last of two values holds";
+    Array<Single> exact(Bounds{1, BandSystem::N3});
+    EXPECT_EQ(run(exact, 10), 0);
+    EXPECT_EQ(run(exact, 12), 9);
 }
 
 // A cancel that arrives at poll number k stops there: the stages of one restraint show.
 TEST(Restraints, CancelStopsAtOnce) {
-    struct Stage {
-        bool rowMoved;
-        bool rowCleared;
-        bool columnCleared;
-    };
-    const Stage stages[] = {
-        {false, false, false}, {true, false, false}, {true, true, false}, {true, true, true}};
     for (int poll = 1; poll <= 4; ++poll) {
         BandSystem system(6);
-        const float above = system.A(5, 2).Value();
         bool unloaded = false;
         DynamicObject form("form");
         form.DefineMethod(u"Unload", [&](std::span<Argument>) {
@@ -205,11 +141,9 @@ TEST(Restraints, CancelStopsAtOnce) {
         ExitControlState() = ExitRunning;
         EXPECT_TRUE(unloaded);
         EXPECT_EQ(polls, poll);
-        const Stage& stage = stages[poll - 1];
-        EXPECT_EQ(system.Q(6).Value() == 9, stage.rowMoved);
-        EXPECT_EQ(system.A(6, 2).Value() == 0, stage.rowCleared);
-        EXPECT_EQ(system.A(5, 2).Value() == 0, stage.columnCleared);
-        EXPECT_NE(above, 0);
+        EXPECT_EQ(system.Q(6).Value() == 9, poll > 1);
+        EXPECT_EQ(system.A(6, 2).Value() == 0, poll > 2);
+        EXPECT_EQ(system.A(5, 2).Value() == 0, poll > 3);
     }
 }
 
@@ -229,8 +163,6 @@ TEST(Restraints, DuplicatesKeepTheirFirstEntry) {
     }
     NF = 0;
     RemoveDuplicateBoundary(NF, NS, AufL);
-    EXPECT_EQ(+NF, 0);
-    EXPECT_EQ(NS.LBound(), 0);
     EXPECT_EQ(NS.UBound(), 0);
     EXPECT_EQ(AufL.UBound(), 0);
 }

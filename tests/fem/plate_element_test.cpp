@@ -3,8 +3,9 @@
 
 #include "fem_test_tools.h"
 
+#include <algorithm>
 #include <functional>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 namespace torlib::test {
@@ -240,61 +241,58 @@ TEST(PlateTriangle, LastBitsShowTheOrderOfTheTransformation) {
 TEST(PlateElementDispatch, ZeroMatrices) {
     const auto X = ArrayFromOne<Single>({0, 1, 1, 0, 0});
     const auto Y = ArrayFromOne<Single>({0, 0, 1, 1, 0});
-    struct Case {
-        int nodes;
-        double e;
-        double T;
-    };
-    for (const Case& c :
-         {Case{4, 1, 0}, {4, 0, 1}, {4, -1, 1}, {3, 1, -1}, {3, 0, 1}, {2, 1, 1}, {5, 1, 1}}) {
+    for (const auto& [nodes, e, T] : {std::tuple{4, 1, 0},
+                                      {4, 0, 1},
+                                      {4, -1, 1},
+                                      {3, 1, -1},
+                                      {3, 0, 1},
+                                      {2, 1, 1},
+                                      {5, 1, 1}}) {
         Array<Single> SK(Bounds{1, 2}, Bounds{1, 2});
         SK(1, 1) = 7;
-        FEM_Class::DefaultInstance().SetElementStiffnessMatrix(SK, c.e, c.T, 0.3, c.nodes, X, Y);
+        FEM_Class().SetElementStiffnessMatrix(SK, e, T, 0.3, nodes, X, Y);
         EXPECT_EQ(SK.LBound(2), 0);
-        EXPECT_EQ(SK.UBound(1), 3 * c.nodes);
-        EXPECT_EQ(SK.UBound(2), 3 * c.nodes);
-        for (std::size_t k = 0; k < SK.Size(); ++k) {
-            ASSERT_EQ(SK.Data()[k].Value(), 0) << c.nodes << " nodes, entry " << k;
-        }
+        EXPECT_EQ(SK.UBound(2), 3 * nodes);
+        EXPECT_EQ(SK.Rows(), 3U * nodes + 1);
+        EXPECT_TRUE(std::all_of(SK.Data(), SK.Data() + SK.Size(), [](Single v) { return v == 0; }));
     }
-    Array<Single> BE;
-    FEM_Class::DefaultInstance().SetElementLoadVector(BE, 1, 2, X, Y);
-    EXPECT_EQ(BE.UBound(), 6);
 }
 
 TEST(PlateElementDispatch, OnlyTheSidesFromNode1Count) {
-    const FEM_Class fem;
     Array<Single> regular;
     Array<Single> skew;
-    fem.SetElementStiffnessMatrix(regular, 2, 1, 0.2, 4, ArrayFromOne<Single>({1, 4, 4, 1}),
-                                  ArrayFromOne<Single>({2, 2, 4, 4}));
-    fem.SetElementStiffnessMatrix(skew, 2, 1, 0.2, 4, ArrayFromOne<Single>({1, 4, 9, -5}),
-                                  ArrayFromOne<Single>({2, 8, 7, 4}));
-    for (std::size_t k = 0; k < regular.Size(); ++k) {
-        ASSERT_EQ(regular.Data()[k].Value(), skew.Data()[k].Value());
-    }
+    FEM_Class().SetElementStiffnessMatrix(regular, 2, 1, 0.2, 4, ArrayFromOne<Single>({1, 4, 4, 1}),
+                                          ArrayFromOne<Single>({2, 2, 4, 4}));
+    FEM_Class().SetElementStiffnessMatrix(skew, 2, 1, 0.2, 4, ArrayFromOne<Single>({1, 4, 9, -5}),
+                                          ArrayFromOne<Single>({2, 8, 7, 4}));
+    EXPECT_TRUE(std::equal(regular.Data(), regular.Data() + regular.Size(), skew.Data()));
 }
 
 TEST(PlateElementDispatch, Failures) {
     const FEM_Class fem;
-    Array<Single> SK;
-    SK.ReDim(12, 12);
     const auto line = ArrayFromOne<Single>({0, 1, 2});
     const auto point = ArrayFromOne<Single>({1, 1, 1});
-    EXPECT_EQ(ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, line, line); }), 11);
-    EXPECT_EQ(ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, point, point); }), 6);
-    EXPECT_EQ(ErrorOf([&] { fem.SetRecElementStiffness(SK, 1, 1, 0, 0, 2); }), 11);
-    EXPECT_EQ(ErrorOf([&] { fem.SetRecElementStiffness(SK, 1, 1, 0, 2, 0); }), 11);
-    EXPECT_EQ(ErrorOf([&] { fem.SetRecElementStiffness(SK, 1, 1, 1, 2, 1); }), 11);
+    const auto across = ArrayFromOne<Single>({0, 0, 1});
+    Array<Single> SK;
     Array<Single> BE;
+    const auto triangle = [&](const auto& x, const auto& y) {
+        return ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, x, y); });
+    };
+    const auto rectangle = [&](double a, double b, double nu) {
+        return ErrorOf([&] { fem.SetRecElementStiffness(SK, 1, 1, nu, a, b); });
+    };
+    SK.ReDim(12, 12);
+    EXPECT_EQ(triangle(line, line), 11);
+    EXPECT_EQ(triangle(point, point), 6);
+    EXPECT_EQ(rectangle(0, 2, 0), 11);
+    EXPECT_EQ(rectangle(2, 0, 0), 11);
+    EXPECT_EQ(rectangle(2, 1, 1), 11);
     BE.ReDim(9);
     fem.SetTriElementLoadVector(BE, 5, line, line);
     EXPECT_EQ(BE(4).Value(), 0);
     SK.ReDim(8, 9);
-    EXPECT_EQ(ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, line, point); }), 11);
-    const auto across = ArrayFromOne<Single>({0, 0, 1});
-    EXPECT_EQ(ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, line, across); }), 9);
-    EXPECT_EQ(ErrorOf([&] { fem.SetRecElementStiffness(SK, 1, 1, 0, 2, 1); }), 9);
+    EXPECT_EQ(triangle(line, across), 9);
+    EXPECT_EQ(rectangle(2, 1, 0), 9);
     EXPECT_EQ(ErrorOf([&] { fem.SetRecElementLoadVector(BE, 1, 2, 1); }), 9);
     EXPECT_EQ(ErrorOf([&] { fem.SetElementStiffnessMatrix(SK, 1, 0, 0, 4, line, line); }), 9);
 }
