@@ -34,16 +34,6 @@ struct Outline {
     Array<Integer> Node;
 };
 
-struct Section {
-    Single A, Xs, Ys, Ix, Iy, Ixy;
-};
-
-Section PropertiesOf(Outline& of) {
-    Section s;
-    geometry.Querschnittswerte(of.N, of.x, of.Y, s.A, s.Xs, s.Ys, s.Ix, s.Iy, s.Ixy);
-    return s;
-}
-
 TEST(SectionProperties, OfKnownPolygonsInAnyOrderAndPlace) {
     const struct {
         Points Corners;   // counter-clockwise from the lowest direction about the mean point
@@ -59,11 +49,12 @@ TEST(SectionProperties, OfKnownPolygonsInAnyOrderAndPlace) {
         do {
             for (const auto& [dx, dy] : Points{{0, 0}, {8, -4}}) {
                 Outline outline(corners, dx, dy);
-                const Section s = PropertiesOf(outline);
-                const Single found[] = {s.A, s.Xs, s.Ys, s.Ix, s.Iy, s.Ixy};
+                Single s[6];
+                geometry.Querschnittswerte(outline.N, outline.x, outline.Y, s[0], s[1], s[2], s[3],
+                                           s[4], s[5]);
                 const double shift[] = {0, dx, dy, 0, 0, 0};
                 for (int v = 0; v < 6; ++v) {
-                    EXPECT_NEAR(found[v].Value(), known.Values[v] + shift[v], 3E-4) << v;
+                    EXPECT_NEAR(s[v].Value(), known.Values[v] + shift[v], 3E-4) << v;
                 }
                 for (int i : Range(1, outline.N + 1)) {
                     const auto& corner = known.Corners[(i - 1U) % known.Corners.size()];
@@ -77,21 +68,19 @@ TEST(SectionProperties, OfKnownPolygonsInAnyOrderAndPlace) {
 
 TEST(SectionProperties, OfDegenerateAndShortInput) {
     Outline line({{1, 1}, {3, 3}, {2, 2}});
-    const Section s = PropertiesOf(line);
-    EXPECT_EQ(s.A.Value(), 0);
-    EXPECT_EQ(s.Xs.Value(), line.x(1).Value());
-    EXPECT_EQ(s.Ys.Value(), line.Y(1).Value());
+    Single area = 9;
+    Single xs;
+    geometry.Querschnittswerte(line.N, line.x, line.Y, area, xs);
+    EXPECT_EQ(area.Value(), 0);
+    EXPECT_EQ(xs.Value(), line.x(1).Value());
 
     Outline shortList({{4, 0}, {4, 2}}); // the third corner enters as (0, 0)
     shortList.N = 3;
-    Single area;
     geometry.Querschnittswerte(shortList.N, shortList.x, shortList.Y, area);
     EXPECT_FLOAT_EQ(area.Value(), 4);
-
-    Array<Single> x;
-    Array<Single> Y;
-    EXPECT_EQ(ErrorOf([&] { geometry.Querschnittswerte(0, x, Y, area); }), 6);
-    EXPECT_EQ(ErrorOf([&] { geometry.Querschnittswerte(32767, x, Y, area); }), 6);
+    for (const int N : {0, 32767}) {
+        EXPECT_EQ(ErrorOf([&] { geometry.Querschnittswerte(N, line.x, line.Y, area); }), 6);
+    }
 }
 
 TEST(AngularSort, GoesCounterClockwiseFromPlusX) {
@@ -135,11 +124,8 @@ TEST(PointInPolygon, TakesAnyKindOfNumber) {
         return geometry.PointInPolygon(triangle.N, triangle.x, triangle.Y, 4095, Yi);
     };
     // On the side; 4099 * 4095 needs 25 bits and is rounded down in 32-bit arithmetic.
-    EXPECT_TRUE(inside(4095.0));
-    EXPECT_TRUE(inside(std::int32_t{4095}));
-    EXPECT_TRUE(inside(u"4095"));
-    EXPECT_FALSE(inside(Single(4095)));
-    EXPECT_FALSE(inside(std::int16_t{4095}));
+    EXPECT_TRUE(inside(4095.0) && inside(std::int32_t{4095}) && inside(u"4095"));
+    EXPECT_FALSE(inside(Single(4095)) || inside(std::int16_t{4095}));
     EXPECT_EQ(ErrorOf([&] { inside(u"high"); }), 13);
 }
 

@@ -33,7 +33,7 @@ TEST(TriangleAltitude, MeasuresFromTheFootAndMarksDegenerateTriangles) {
                  {1, 0.0005, 0, 0, 4, 0, 1, 3, 0, 75},  // i too near to it
                  {1, 1, 1, 1, 4, 0, 0, 0, 0, 75},       // i at j
                  {1, 1, 2, 2, 2, 2, 0, 0, 0, 75},       // j at k
-                 {1, 0, 1.0005, 0, 4, 0, 0, 3, 0, 75}}; // i nearly at j
+                 {1, 0, 1.0001, 0, 4, 0, 0, 3, 0, 75}}; // i nearly at j
     for (const auto& of : cases) {
         const Altitude a(of.XI, of.Yi, of.Xj, of.Yj, of.XK, of.YK);
         EXPECT_NEAR(a.Dt.Value(), of.Dt, 2E-6);

@@ -109,7 +109,11 @@ TEST(TriangleLoad, LimitsAndFailures) {
         }
     }
     const double angle = std::atan(2 / 1.5) + std::atan(3 / 1.5);
-    EXPECT_NEAR(soil.Sz_q_ST(1.5, 2, 3, 0, 4).Value(), angle / (2 * pi) / 4, 1E-7);
+    for (const double size : {1.0, 1E-5}) {
+        const Single surface = soil.Sz_q_ST(1.5 * size, 2 * size, 3 * size, 0, 4);
+        EXPECT_NEAR(surface.Value(), angle / (2 * pi) / 4, 1E-7);
+    }
+    EXPECT_LT(soil.Txz_q_ST(1.5, -3, 2, 1, 4), 0);
     EXPECT_EQ(soil.Wz_q_ST(1.5, 2, 3, 0, 4, 0.3).Value(), soil.Co_q_HS(1.5, 2, 3, 4, 0.3).Value());
     EXPECT_EQ(soil.Ux_q_Tr(1.5, 2, 3, 4, 0.5).Value(), 0);
     EXPECT_EQ(soil.Uy_q_Tr(1.5, 2, 3, 4, 0.5).Value(), 0);
