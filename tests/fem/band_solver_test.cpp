@@ -1,7 +1,7 @@
 // The fast elimination against the entry-by-entry routine, bit for bit, and both against laws.
 
+#include "fem_test_tools.h"
 #include "torlib/fem/band_kernel.h"
-#include "torlib/fem/fem_class.h"
 
 #include <algorithm>
 #include <bit>
@@ -192,6 +192,20 @@ TEST_P(EveryKernel, GivesTheBitsOfTheReferenceForWideBands) {
         for (const Kind kind : {Kind::Dominant, Kind::Tiny}) {
             const System s = MakeSystem(kind, Nw, N3, 0, true);
             EXPECT_EQ(OutcomeOf(nullptr, s), OutcomeOf(GetParam(), s)) << Nw;
+        }
+    }
+}
+
+TEST_P(EveryKernel, GivesTheBitsOfTheReferenceForPlates) {
+    for (const auto& [nx, ny] : {std::pair{1, 6}, {5, 4}, {17, 3}, {31, 9}}) {
+        for (const auto mesh : {test::Mesh::Rectangles, test::Mesh::Triangles}) {
+            test::PlateModel plate(nx, ny, 1.5 * nx, 2.0 * ny, mesh);
+            plate.Assemble(10);
+            plate.SupportEdges(true, true, true, false, nx == 5);
+            plate.fem.SetBoundaryToMatrix(plate.Nw, plate.NF, plate.A, plate.Q, plate.AufL,
+                                          plate.NS);
+            const System s = {plate.Nw, 3 * plate.Nk, plate.A, plate.Q};
+            EXPECT_EQ(OutcomeOf(nullptr, s), OutcomeOf(GetParam(), s)) << nx << " x " << ny;
         }
     }
 }
