@@ -1,0 +1,106 @@
+#pragma once
+// Checked access to the keys of a project file: each value knows its place in the file, so that
+// every refusal can name file, line, column, key and allowed range.
+//
+//     const KeyTable soil = root.Table("soil");
+//     soil.Allow({"kind", "modulus", "poisson"});
+//     const double nu = soil.Get("poisson").Number(Between(0, 0.5));
+
+#include "hosts/slab/model.h"
+#include "hosts/slab/project.h"
+
+#include <toml++/toml.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace slab {
+
+/// The range of a number in the units of the file.
+struct Bounds {
+    double Least = 0;
+    double Greatest = 0;
+    bool WithoutLeast = false; ///< the least value itself is not allowed
+};
+
+/// Sizes beyond these, but for 0, have no meaning in any unit and would not survive 32 bits.
+constexpr double SmallestNumber = 1e-15;
+constexpr double LargestNumber = 1e15;
+
+constexpr Bounds Any{-LargestNumber, LargestNumber, false};
+constexpr Bounds Positive{0, LargestNumber, true};
+constexpr Bounds NotNegative{0, LargestNumber, false};
+constexpr Bounds Between(double least, double greatest) {
+    return {least, greatest, false};
+}
+
+/// A number as short as it can be written.
+std::string ShortNumber(double value);
+
+class KeyTable;
+
+/// A value of the file with its place and its full name, such as "mesh.x[3]".
+class Entry {
+  public:
+    Entry(const toml::node& node, std::string name, const std::string& file)
+        : node_(&node), name_(std::move(name)), file_(&file) {}
+
+    double Number(const Bounds& bounds) const;
+    int WholeNumber(int least, int greatest) const;
+    bool Flag() const;
+    std::string Text() const;
+    /// The place of the text in a list of allowed words.
+    std::size_t Choice(const std::vector<std::string>& words) const;
+    /// Two numbers, [x, y].
+    Point Pair() const;
+    bool IsList() const { return node_->is_array(); }
+    bool IsTable() const { return node_->is_table(); }
+    /// The values of a list, of a given length unless `length` is 0.
+    std::vector<Entry> List(std::size_t length = 0) const;
+    KeyTable Table() const;
+
+    [[noreturn]] void Fail(const std::string& message) const;
+
+  private:
+    [[noreturn]] void FailType(const char* wanted) const;
+
+    const toml::node* node_;
+    std::string name_;
+    const std::string* file_;
+};
+
+/// A table of the file. The file's name must outlive it.
+class KeyTable {
+  public:
+    KeyTable(const toml::table& table, std::string name, const std::string& file)
+        : table_(&table), name_(std::move(name)), file_(&file) {}
+
+    /// Refuses every key that is not listed, with the names it may have meant.
+    void Allow(const std::vector<std::string>& keys) const;
+    bool Has(std::string_view key) const { return table_->contains(key); }
+    Entry Get(std::string_view key) const;
+    std::optional<Entry> Find(std::string_view key) const;
+    KeyTable Table(std::string_view key) const { return Get(key).Table(); }
+    /// The tables [[key]], none when the key is missing.
+    std::vector<KeyTable> Tables(std::string_view key) const;
+    double NumberOr(std::string_view key, const Bounds& bounds, double otherwise) const;
+    /// Refuses the table unless exactly one of the keys is there; gives that key.
+    std::string OneOf(const std::vector<std::string>& keys) const;
+
+    [[noreturn]] void Fail(const std::string& message) const;
+
+  private:
+    std::string FullName(std::string_view key) const;
+
+    const toml::table* table_;
+    std::string name_;
+    const std::string* file_;
+};
+
+/// "file:line:column: key: message" as an InputError.
+[[noreturn]] void FailAt(const std::string& file, const toml::source_region& place,
+                         const std::string& key, const std::string& message);
+
+} // namespace slab

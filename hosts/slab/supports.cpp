@@ -1,0 +1,306 @@
+#include "hosts/slab/supports.h"
+
+#include "hosts/slab/mesh.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <numeric>
+#include <set>
+
+namespace slab {
+
+namespace {
+
+constexpr const char* FreedomKeys[] = {"w", "wx", "wy"};
+
+/// The nodes that a support or spring stands on; for lines and edges, the element sides between
+/// them.
+struct Place {
+    std::vector<int> Nodes;
+    std::vector<Side> Sides;
+    bool IsLine = false;
+};
+
+bool HasXLine(torlib::SymmetricCase symmetry) {
+    using enum torlib::SymmetricCase;
+    return symmetry == X_symmetric || symmetry == XY_Symmetric || symmetry == X_AntiSymmetric;
+}
+
+bool HasYLine(torlib::SymmetricCase symmetry) {
+    using enum torlib::SymmetricCase;
+    return symmetry == Y_Symmetric || symmetry == XY_Symmetric || symmetry == Y_AntiSymmetric;
+}
+
+int NodeAt(const Entry& entry, const ProjectDraft& draft) {
+    const Point pair = entry.Pair();
+    const Point at{pair.x * draft.Scale.Length, pair.y * draft.Scale.Length};
+    const std::vector<Point>& nodes = draft.Model.Nodes;
+    const auto nearest =
+        std::min_element(nodes.begin(), nodes.end(), [&at](const Point& a, const Point& b) {
+            return Distance(a, at) < Distance(b, at);
+        });
+    const int number = static_cast<int>(nearest - nodes.begin()) + 1;
+    if (Distance(*nearest, at) > draft.Tolerance) {
+        entry.Fail("is no mesh node; the nearest is node " + std::to_string(number) + " at " +
+                   PlaceText(*nearest, draft.Scale) + " (allowed: up to " +
+                   ShortNumber(draft.Tolerance / draft.Scale.Length) + " from a node)");
+    }
+    return number;
+}
+
+/// One value or a list of values of a key, as nodes.
+template <class Reader>
+std::vector<int> OneOrMore(const Entry& entry, bool isList, Reader&& nodeOf) {
+    std::vector<int> nodes;
+    if (!isList) {
+        return {nodeOf(entry)};
+    }
+    for (const Entry& item : entry.List()) {
+        nodes.push_back(nodeOf(item));
+    }
+    return nodes;
+}
+
+std::vector<int> NodesOnLine(const Entry& entry, const ProjectDraft& draft) {
+    const std::vector<Entry> ends = entry.List(2);
+    const double unit = draft.Scale.Length;
+    const Point a{ends[0].Pair().x * unit, ends[0].Pair().y * unit};
+    const Point b{ends[1].Pair().x * unit, ends[1].Pair().y * unit};
+    const double length = Distance(a, b);
+    if (length <= draft.Tolerance) {
+        entry.Fail("starts and ends at the same point");
+    }
+    std::vector<int> nodes;
+    for (std::size_t i = 0; i < draft.Model.Nodes.size(); ++i) {
+        const Point& p = draft.Model.Nodes[i];
+        const double t = ((p.x - a.x) * (b.x - a.x) + (p.y - a.y) * (b.y - a.y)) / length;
+        const double off = ((p.y - a.y) * (b.x - a.x) - (p.x - a.x) * (b.y - a.y)) / length;
+        if (std::fabs(off) <= draft.Tolerance && t >= -draft.Tolerance &&
+            t <= length + draft.Tolerance) {
+            nodes.push_back(static_cast<int>(i) + 1);
+        }
+    }
+    if (nodes.empty()) {
+        entry.Fail("no mesh node lies on this line");
+    }
+    return nodes;
+}
+
+/// The element sides whose ends are both among the nodes, each once.
+std::vector<Side> SidesAmong(const std::vector<int>& nodes, const Model& model) {
+    const std::set<int> wanted(nodes.begin(), nodes.end());
+    std::set<Side> sides;
+    for (const Element& element : model.Elements) {
+        for (const auto& [from, to] : SidesOf(element)) {
+            if (wanted.count(from) != 0 && wanted.count(to) != 0) {
+                sides.insert(std::minmax(from, to));
+            }
+        }
+    }
+    return {sides.begin(), sides.end()};
+}
+
+/// Outlines hang together by their nodes; a closed outline of an opening runs clockwise.
+std::vector<Side> WithoutOpenings(const std::vector<Side>& boundary, const Model& model) {
+    std::vector<int> leader(model.Nodes.size() + 1);
+    std::iota(leader.begin(), leader.end(), 0);
+    const auto find = [&leader](int node) {
+        while (leader[node] != node) {
+            node = leader[node] = leader[leader[node]];
+        }
+        return node;
+    };
+    for (const auto& [from, to] : boundary) {
+        leader[find(from)] = find(to);
+    }
+    std::map<int, double> area;
+    for (const auto& [from, to] : boundary) {
+        const Point& a = model.Nodes[from - 1];
+        const Point& b = model.Nodes[to - 1];
+        area[find(from)] += a.x * b.y - b.x * a.y;
+    }
+    std::vector<Side> outer;
+    for (const Side& side : boundary) {
+        if (area[find(side.first)] > 0) {
+            outer.push_back(side);
+        }
+    }
+    return outer;
+}
+
+std::vector<Side> OuterSides(const ProjectDraft& draft) {
+    const Model& model = draft.Model;
+    const Point high = Extent(model.Nodes).second;
+    std::vector<Side> sides;
+    for (const Side& side : WithoutOpenings(BoundarySides(model), model)) {
+        const Point& a = model.Nodes[side.first - 1];
+        const Point& b = model.Nodes[side.second - 1];
+        const bool atTop = std::min(a.y, b.y) > high.y - draft.Tolerance;
+        const bool atRight = std::min(a.x, b.x) > high.x - draft.Tolerance;
+        if (!(atTop && HasXLine(model.Symmetry)) && !(atRight && HasYLine(model.Symmetry))) {
+            sides.push_back(side);
+        }
+    }
+    return sides;
+}
+
+Place EdgeOf(const Entry& entry, const ProjectDraft& draft) {
+    enum { All, Left, Right, Bottom, Top };
+    const std::size_t edge = entry.Choice({"all", "left", "right", "bottom", "top"});
+    const Model& model = draft.Model;
+    if ((edge == Right && HasYLine(model.Symmetry)) || (edge == Top && HasXLine(model.Symmetry))) {
+        entry.Fail("is the symmetry line; use line for a support that really stands there");
+    }
+    Place place;
+    place.IsLine = true;
+    if (edge == All) {
+        place.Sides = OuterSides(draft);
+        for (const auto& [from, to] : place.Sides) {
+            place.Nodes.push_back(from);
+            place.Nodes.push_back(to);
+        }
+        std::sort(place.Nodes.begin(), place.Nodes.end());
+        place.Nodes.erase(std::unique(place.Nodes.begin(), place.Nodes.end()), place.Nodes.end());
+        return place;
+    }
+    const auto [low, high] = Extent(model.Nodes);
+    const double tolerance = draft.Tolerance;
+    for (std::size_t i = 0; i < model.Nodes.size(); ++i) {
+        const Point& p = model.Nodes[i];
+        const bool on[] = {false, p.x<low.x + tolerance, p.x> high.x - tolerance,
+                           p.y<low.y + tolerance, p.y> high.y - tolerance};
+        if (on[edge]) {
+            place.Nodes.push_back(static_cast<int>(i) + 1);
+        }
+    }
+    place.Sides = SidesAmong(place.Nodes, model);
+    return place;
+}
+
+Place ReadPlace(const KeyTable& table, const ProjectDraft& draft) {
+    const std::string key = table.OneOf({"node", "at", "line", "edge"});
+    const Entry entry = table.Get(key);
+    if (key == "edge") {
+        return EdgeOf(entry, draft);
+    }
+    Place place;
+    if (key == "line") {
+        place.Nodes = NodesOnLine(entry, draft);
+        place.Sides = SidesAmong(place.Nodes, draft.Model);
+        place.IsLine = true;
+    } else if (key == "node") {
+        const int count = static_cast<int>(draft.Model.Nodes.size());
+        place.Nodes = OneOrMore(entry, entry.IsList(),
+                                [count](const Entry& item) { return item.WholeNumber(1, count); });
+    } else {
+        const bool several = entry.IsList() && !entry.List().empty() && entry.List()[0].IsList();
+        place.Nodes =
+            OneOrMore(entry, several, [&draft](const Entry& item) { return NodeAt(item, draft); });
+    }
+    if (place.Nodes.empty()) {
+        entry.Fail("names no node (allowed: at least one)");
+    }
+    return place;
+}
+
+void Restrain(const KeyTable& support, ProjectDraft& draft, int node, int freedom, double value) {
+    std::vector<Restraint>& restraints = draft.Model.Restraints;
+    const auto earlier =
+        std::find_if(restraints.begin(), restraints.end(), [=](const Restraint& restraint) {
+            return restraint.Node == node && restraint.Freedom == freedom;
+        });
+    if (earlier == restraints.end()) {
+        restraints.push_back({node, freedom, value});
+    } else if (earlier->Value != value) {
+        support.Fail("node " + std::to_string(node) + " at " +
+                     PlaceText(draft.Model.Nodes[node - 1], draft.Scale) +
+                     " already has another value of " + FreedomKeys[freedom - 1]);
+    }
+}
+
+void ReadSupport(const KeyTable& support, ProjectDraft& draft) {
+    support.Allow({"node", "at", "line", "edge", "w", "wx", "wy", "clamped"});
+    const Place place = ReadPlace(support, draft);
+    const bool clamped = support.Has("clamped") && support.Get("clamped").Flag();
+    bool any = clamped;
+    for (int freedom = 1; freedom <= 3; ++freedom) {
+        const auto entry = support.Find(FreedomKeys[freedom - 1]);
+        any = any || entry;
+        if (!entry && !clamped) {
+            continue;
+        }
+        const double unit = freedom == 1 ? draft.Scale.Settlement : 1;
+        const double value = entry ? entry->Number(Any) * unit : 0;
+        for (const int node : place.Nodes) {
+            Restrain(support, draft, node, freedom, value);
+        }
+    }
+    if (!any) {
+        support.Fail("one of these keys is needed: w, wx, wy, clamped");
+    }
+}
+
+/// What a spring of unit stiffness, or of unit stiffness per length, gives to each node.
+std::map<int, double> Shares(const KeyTable& spring, const Place& place, const Model& model) {
+    std::map<int, double> shares;
+    if (!place.IsLine) {
+        for (const int node : place.Nodes) {
+            shares[node] += 1;
+        }
+        return shares;
+    }
+    for (const auto& [from, to] : place.Sides) {
+        const double half = Distance(model.Nodes[from - 1], model.Nodes[to - 1]) / 2;
+        shares[from] += half;
+        shares[to] += half;
+    }
+    if (shares.empty()) {
+        spring.Fail("no side of an element lies on this line");
+    }
+    return shares;
+}
+
+void ReadSpring(const KeyTable& spring, ProjectDraft& draft) {
+    spring.Allow({"node", "at", "line", "edge", "w", "wx", "wy"});
+    const Place place = ReadPlace(spring, draft);
+    // A line has stiffness per length, and Shares counts its length in metres.
+    const double perLength = place.IsLine ? draft.Scale.Length : 1;
+    const double units[] = {draft.Scale.LineLoad / perLength, draft.Scale.Moment / perLength,
+                            draft.Scale.Moment / perLength};
+    std::array<double, 3> stiffness{};
+    for (std::size_t i = 0; i < 3; ++i) {
+        stiffness[i] = spring.NumberOr(FreedomKeys[i], NotNegative, 0) * units[i];
+    }
+    if (stiffness == std::array<double, 3>{}) {
+        spring.Fail("has no stiffness; one of these keys is needed: w, wx, wy");
+    }
+    std::vector<NodeSpring>& springs = draft.Model.Springs;
+    for (const auto& [number, share] : Shares(spring, place, draft.Model)) {
+        const int node = number;
+        auto known = std::find_if(springs.begin(), springs.end(),
+                                  [node](const NodeSpring& s) { return s.Node == node; });
+        if (known == springs.end()) {
+            known = springs.insert(springs.end(), {node, {}});
+        }
+        for (std::size_t i = 0; i < 3; ++i) {
+            known->Stiffness[i] += share * stiffness[i];
+        }
+    }
+}
+
+} // namespace
+
+void ReadSupports(const KeyTable& root, ProjectDraft& draft) {
+    for (const KeyTable& support : root.Tables("supports")) {
+        ReadSupport(support, draft);
+    }
+}
+
+void ReadSprings(const KeyTable& root, ProjectDraft& draft) {
+    for (const KeyTable& spring : root.Tables("springs")) {
+        ReadSpring(spring, draft);
+    }
+}
+
+} // namespace slab

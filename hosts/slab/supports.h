@@ -1,0 +1,14 @@
+#pragma once
+// Supports and springs at nodes, lines and edges.
+
+#include "hosts/slab/project_draft.h"
+
+namespace slab {
+
+/// Reads [[supports]] into restraints.
+void ReadSupports(const KeyTable& root, ProjectDraft& draft);
+
+/// Reads [[springs]] into node springs.
+void ReadSprings(const KeyTable& root, ProjectDraft& draft);
+
+} // namespace slab
