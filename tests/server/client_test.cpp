@@ -1,0 +1,140 @@
+// What a client sees that is linked with the component layer and nothing else of the library.
+
+#include "tests/error_text.h"
+#include "tests/server/registered_server.h"
+
+#include "torlib/platform/component/create_object.h"
+#include "torlib/platform/component/registry.h"
+
+namespace torlib {
+namespace {
+
+using Client = test::RegisteredServer;
+using test::ServerFile;
+
+/// An array of 32-bit floats as the library's own C++ headers have it, made without them.
+struct StoredFloat {
+    float value = 0;
+    StoredFloat() = default;
+    StoredFloat(double v) : value(static_cast<float>(v)) {}
+};
+
+} // namespace
+
+template <>
+struct ValueTypeOf<StoredFloat> {
+    static constexpr ValueType Type = ValueType::Single;
+    static constexpr const char16_t* RecordName = nullptr;
+};
+
+namespace {
+
+TEST_F(Client, CreatesByEitherIdentifierAndCalculates) {
+    const RegistryEntry entry = *FindEntry(ReadRegistry(), "progid", "torvalib.math_class");
+    for (const std::u16string& id :
+         {std::u16string(u"TORVALib.Math_Class"), FromUtf8(entry.Value("class"))}) {
+        const Object math = CreateObject(id);
+        Array<StoredFloat> A(Bounds{1, 2}, Bounds{1, 2});
+        A(1, 1) = 2;
+        A(1, 2) = 3;
+        A(2, 1) = 0.5;
+        A(2, 2) = -1;
+        Array<StoredFloat> V = ArrayFromOne<StoredFloat>({10, 100, 1000});
+        Array<StoredFloat> U;
+        math.Invoke(u"ProductMatrxByVector", {2, ByRef(A), ByRef(V), ByRef(U)});
+        ASSERT_EQ(U.UBound(), 2);
+        EXPECT_EQ(U(1).value, 320.0F);
+        EXPECT_EQ(U(2).value, -95.0F);
+        float big = 0;
+        EXPECT_FALSE(
+            math.Invoke(u"CheckConvergence", {2, ByRef(U), ByRef(V), 1, ByRef(big)}).ToBoolean());
+        EXPECT_EQ(big, 310.0F);
+        EXPECT_EQ(
+            test::ErrorText([&] {
+                math.Invoke(u"ProductMatrxByVector", {3, ByRef(A), ByRef(V), ByRef(U)});
+            }),
+            "Math_Class.ProductMatrxByVector: A: index (1, 3) outside (1..2, 1..2) (error 9)");
+    }
+    EXPECT_EQ(UnloadFreeServers(), 0);
+}
+
+TEST_F(Client, EveryRegisteredClassCanBeCreated) {
+    int classes = 0;
+    for (const RegistryEntry& entry : ReadRegistry()) {
+        if (entry.Kind == "class") {
+            ++classes;
+            EXPECT_TRUE(CreateObject(FromUtf8(entry.Value("progid")))) << entry.Key;
+            EXPECT_NE(FindEntry(ReadRegistry(), "interface", entry.Value("interface")), nullptr);
+            EXPECT_NE(FindEntry(ReadRegistry(), "typelib", entry.Value("typelib")), nullptr);
+            EXPECT_EQ(entry.Value("version"), "74.1");
+        }
+    }
+    EXPECT_GE(classes, 6);
+    EXPECT_EQ(UnloadFreeServers(), 0);
+}
+
+TEST_F(Client, TheServerStaysLoadedWhileAnythingOfItIsInUse) {
+    const Guid mathClass = [] {
+        Guid guid;
+        ParseGuid(
+            FromUtf8(FindEntry(ReadRegistry(), "progid", "TORVALib.Math_Class")->Value("class")),
+            &guid);
+        return guid;
+    }();
+    const ServerFile server;
+    EXPECT_EQ(server.CanUnload(), Result::Ok);
+    void* pointer = nullptr;
+    ASSERT_EQ(server.ClassObject(mathClass, IidClassFactory, &pointer), Result::Ok);
+    auto* factory = static_cast<ClassFactory*>(pointer);
+    EXPECT_EQ(server.CanUnload(), Result::False) << "a factory is held";
+    ASSERT_EQ(factory->CreateInstance(IidDispatch, &pointer), Result::Ok);
+    Object object = Object::Adopt(static_cast<Dispatch*>(pointer));
+    EXPECT_EQ(factory->LockServer(true), Result::Ok);
+    EXPECT_EQ(factory->CreateInstance(Guid{}, &pointer), Result::NoInterface);
+    EXPECT_EQ(pointer, nullptr);
+    EXPECT_EQ(factory->Release(), 0U);
+    Object copy = object;
+    object = nullptr;
+    EXPECT_EQ(server.CanUnload(), Result::False) << "an object is held and the server is locked";
+    copy = nullptr;
+    EXPECT_EQ(server.CanUnload(), Result::False) << "the server is locked";
+    ASSERT_EQ(server.ClassObject(mathClass, IidClassFactory, &pointer), Result::Ok);
+    factory = static_cast<ClassFactory*>(pointer);
+    factory->LockServer(false);
+    factory->Release();
+    EXPECT_EQ(server.CanUnload(), Result::Ok);
+    EXPECT_EQ(server.ClassObject(IidUnknown, IidClassFactory, &pointer), Result::ClassNotAvailable);
+    EXPECT_EQ(server.ClassObject(mathClass, IidDispatch, &pointer), Result::NoInterface);
+    EXPECT_EQ(server.CanUnload(), Result::Ok) << "a refusal holds nothing";
+}
+
+TEST_F(Client, UnloadingTakesAFreeServerOutOfTheProcess) {
+    ASSERT_FALSE(ServerFile::IsLoaded());
+    Object torva = CreateObject(u"TORVALib.TORVAClass");
+    torva.Put(u"Exitcontrol", 5);
+    EXPECT_EQ(UnloadFreeServers(), 1);
+    EXPECT_EQ(torva.Get(u"Exitcontrol").ToLong(), 5);
+    torva = nullptr;
+    EXPECT_EQ(UnloadFreeServers(), 0);
+    EXPECT_FALSE(ServerFile::IsLoaded());
+    EXPECT_EQ(CreateObject(u"TORVALib.TORVAClass").Get(u"Exitcontrol").ToLong(), 0)
+        << "a freshly loaded library starts at 0";
+    EXPECT_EQ(UnloadFreeServers(), 0);
+}
+
+TEST_F(Client, UnregisteringLeavesNothingButTheEntriesOfOthers) {
+    RegisterEntries({{"progid", "Other.Class", {{"server", "/other.so"}}}});
+    const std::size_t all = ReadRegistry().size();
+    EXPECT_EQ(ServerFile().Register(), Result::Ok);
+    EXPECT_EQ(ReadRegistry().size(), all) << "registering again changes nothing";
+    EXPECT_EQ(ServerFile().Unregister(), Result::Ok);
+    ASSERT_EQ(ReadRegistry().size(), 1U);
+    EXPECT_EQ(ReadRegistry()[0].Key, "Other.Class");
+    EXPECT_EQ(test::ErrorOf([] { CreateObject(u"TORVALib.Math_Class"); }), 429);
+    setenv("TORLIB_REGISTRY", "/proc/no/such/place", 1);
+    EXPECT_EQ(ServerFile().Register(), Result::RegistryFailed);
+    EXPECT_EQ(ServerFile().Unregister(), Result::RegistryFailed);
+}
+
+} // namespace
+} // namespace torlib
