@@ -1,0 +1,57 @@
+#pragma once
+// Supports and symmetry of a model as restrained equations, and the check that they hold the slab.
+
+#include "hosts/slab/block_matrix.h"
+#include "hosts/slab/model.h"
+#include "torlib/fem/fem_class.h"
+
+#include <string>
+
+namespace slab {
+
+/// The restraint list in the library's form, and the same by equation.
+struct RestraintList {
+    torlib::Integer NF = 0;
+    torlib::Array<torlib::Integer> NS;
+    torlib::Array<torlib::Single> AufL;
+    std::vector<char> Held; ///< by equation, from 0
+    Vector Value;           ///< prescribed value by equation
+};
+
+RestraintList Restraints(const Model& model, torlib::FEM_Class& fem);
+
+/// Where a node lies relative to the symmetry lines x = xmax and y = ymax of a half or quarter
+/// model.
+class SymmetryLines {
+  public:
+    explicit SymmetryLines(const Model& model);
+
+    /// +1 when the structure mirrors itself in the line y = ymax, -1 with changed sign, 0 not at
+    /// all.
+    int AcrossX() const { return acrossX_; }
+    /// The same in the line x = xmax.
+    int AcrossY() const { return acrossY_; }
+    double XMax() const { return xMax_; }
+    double YMax() const { return yMax_; }
+    bool OnXMax(const Point& p) const;
+    bool OnYMax(const Point& p) const;
+    /// On a line where settlement and contact force vanish by antisymmetry.
+    bool Silent(const Point& p) const;
+
+  private:
+    int acrossX_ = 0;
+    int acrossY_ = 0;
+    double xMax_ = 0;
+    double yMax_ = 0;
+};
+
+/// "node 12 at x = 3 m, y = 4 m".
+std::string NameOfNode(const Model& model, int node);
+/// "settlement", "slope in x" or "slope in y" for freedom 1, 2 or 3.
+const char* NameOfFreedom(int freedom);
+
+/// Throws AnalysisFailure when a part of the slab can move as a rigid body: `springs` holds the
+/// spring constant of every equation, soil included.
+void RequireHeld(const Model& model, const RestraintList& restraints, const Vector& springs);
+
+} // namespace slab
