@@ -68,7 +68,8 @@ System MakeSystem(Kind kind, int Nw, int N3, int lower = 0, bool trailing = fals
         s.A(victim, std::min(Nw, 2)) = 3E7;
     } else if (kind == Kind::HugeLoad) {
         s.A(victim, 1) = 1E-10;
-        s.Q(victim) = 3E30;
+        s.A(victim, std::min(Nw, 2)) = 50;
+        s.Q(victim) = 3E27;
     } else if (kind == Kind::NotFinite) {
         s.A(victim, (Nw + 1) / 2) = RawSingle(std::numeric_limits<float>::infinity());
         s.Q(N3) = RawSingle(std::numeric_limits<float>::quiet_NaN());
@@ -250,6 +251,23 @@ TEST_P(EveryKernel, RoundsToDoubleBeforeItRoundsToFloat) {
     const float ratios[] = {0, c};
     const float unknowns[] = {3, b};
     EXPECT_EQ(GetParam()->BackSubstitute(a, ratios, unknowns, 2, steps), 1.0F);
+}
+
+// Equation 1 is 1, 0.5, 2 and the third unknown 2E38, so the last of its steps back overflows.
+TEST_P(EveryKernel, KeepsWhatPrecedesAnOverflowOnTheWayBack) {
+    System s = {3, 3, Array<Single>(Bounds{0, 5}, Bounds{0, 3}), Array<Single>(Bounds{0, 5})};
+    const double rows[3][3] = {{1, 0.5, 2}, {1.25, 1, 0}, {5, 0, 0}};
+    for (int n = 1; n <= 3; ++n) {
+        for (int l = 1; l <= 3; ++l) {
+            s.A(n, l) = rows[n - 1][l - 1];
+        }
+    }
+    s.Q(2) = 3;
+    s.Q(3) = 2E38;
+    const Outcome expected = OutcomeOf(nullptr, s);
+    EXPECT_EQ(expected.Error, 6);
+    EXPECT_EQ(expected.Steps.size(), 3U * 2 + 2); // stopped in the last equation of all
+    EXPECT_EQ(expected, OutcomeOf(GetParam(), s));
 }
 
 INSTANTIATE_TEST_SUITE_P(Kernels, EveryKernel,
