@@ -2,7 +2,10 @@
 
 #include "fem_test_tools.h"
 
+#include <algorithm>
+#include <map>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace torlib::test {
@@ -32,8 +35,8 @@ TEST(Assembly, EqualsDenseAssembly) {
     const FEM_Class fem;
     for (const int freedoms : {1, 2, 3}) {
         const int size = 6 * freedoms;
-        std::vector<std::vector<double>> dense(20, std::vector<double>(20, 0));
-        std::vector<double> loads(20, 0);
+        std::map<std::pair<int, int>, double> dense;
+        std::map<int, double> loads;
         Array<Single> A(Bounds{1, size}, Bounds{1, size});
         Array<Single> Q(Bounds{1, size});
         for (const auto& node : {ArrayFromOne<Integer>({6, 1, 3}), ArrayFromOne<Integer>({2, 5, 6}),
@@ -41,30 +44,27 @@ TEST(Assembly, EqualsDenseAssembly) {
             const int n = node.UBound() * freedoms;
             Array<Single> SK(Bounds{1, n}, Bounds{1, n});
             Array<Single> BE(Bounds{1, n});
+            const auto equation = [&](int k) {
+                return (node((k - 1) / freedoms + 1) - 1) * freedoms + (k - 1) % freedoms + 1;
+            };
             for (int i = 1; i <= n; ++i) {
                 BE(i) = entry(random);
-                const auto row = [&](int k) {
-                    return static_cast<std::size_t>((node((k - 1) / freedoms + 1) - 1) * freedoms +
-                                                    (k - 1) % freedoms + 1);
-                };
-                loads[row(i)] += BE(i).Value();
+                loads[equation(i)] += BE(i).Value();
                 for (int j = 1; j <= i; ++j) {
                     SK(i, j) = entry(random);
                     SK(j, i) = SK(i, j);
-                    dense[row(i)][row(j)] += SK(i, j).Value();
-                    dense[row(j)][row(i)] = dense[row(i)][row(j)];
+                    const auto ends = std::minmax({equation(i), equation(j)});
+                    dense[ends] += SK(i, j).Value();
                 }
             }
             fem.GlobalStiffnessMatrix(A, SK, freedoms, node.UBound(), node);
             fem.GlobalLoadVector(Q, BE, freedoms, node.UBound(), node);
         }
         for (int i = 1; i <= size; ++i) {
-            EXPECT_EQ(Q(i).Value(), loads[static_cast<std::size_t>(i)]);
+            EXPECT_EQ(Q(i).Value(), loads[i]);
             for (int l = 1; l <= size; ++l) {
-                const int j = i + l - 1;
-                const double expected =
-                    j <= size ? dense[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)] : 0;
-                EXPECT_EQ(A(i, l).Value(), expected) << i << ", " << j;
+                const std::pair place{i, i + l - 1};
+                EXPECT_EQ(A(i, l).Value(), dense[place]) << i << ", " << place.second;
             }
         }
     }

@@ -154,8 +154,10 @@ Mode TriangleMode(const Shape& s, std::size_t i) {
     const auto second = [w](double x, double y) -> Field {
         return [=](Point p) { return w({p.x + x, p.y + y}) - 2 * w(p) + w({p.x - x, p.y - y}); };
     };
-    const Field twist = [d = second(1, 1), e = second(1, -1)](Point p) {
-        return (d(p) - e(p)) / 4;
+    const Field twist = [w](Point p) {
+        return (w({p.x + 1, p.y + 1}) - w({p.x + 1, p.y - 1}) - w({p.x - 1, p.y + 1}) +
+                w({p.x - 1, p.y - 1})) /
+               4;
     };
     std::vector<double> q(9, 0);
     q[i] = 1;
