@@ -150,18 +150,19 @@ double TriangleShape(const Shape& s, std::size_t i, Point p) {
 
 /// The mode of a unit nodal value i; central differences are exact for third degree.
 Mode TriangleMode(const Shape& s, std::size_t i) {
-    const Field w = [&s, i](Point p) { return TriangleShape(s, i, p); };
-    const auto second = [w](double x, double y) -> Field {
-        return [=](Point p) { return w({p.x + x, p.y + y}) - 2 * w(p) + w({p.x - x, p.y - y}); };
+    Mode mode;
+    mode.w = [&s, i](Point p) { return TriangleShape(s, i, p); };
+    mode.q.assign(9, 0);
+    mode.q[i] = 1;
+    const auto at = [&s, i](Point p, double x, double y) {
+        return TriangleShape(s, i, {p.x + x, p.y + y});
     };
-    const Field twist = [w](Point p) {
-        return (w({p.x + 1, p.y + 1}) - w({p.x + 1, p.y - 1}) - w({p.x - 1, p.y + 1}) +
-                w({p.x - 1, p.y - 1})) /
-               4;
+    mode.wxx = [at](Point p) { return at(p, 1, 0) - 2 * at(p, 0, 0) + at(p, -1, 0); };
+    mode.wyy = [at](Point p) { return at(p, 0, 1) - 2 * at(p, 0, 0) + at(p, 0, -1); };
+    mode.wxy = [at](Point p) {
+        return (at(p, 1, 1) - at(p, 1, -1) - at(p, -1, 1) + at(p, -1, -1)) / 4;
     };
-    std::vector<double> q(9, 0);
-    q[i] = 1;
-    return {w, q, second(1, 0), second(0, 1), twist};
+    return mode;
 }
 
 std::vector<Mode> ModesOf(const Shape& s) {
