@@ -56,7 +56,8 @@ bool BackSubstituteAll(const Kernel& kernel, int Nw, int N3, Array<Single>& A, A
             PackRows(band, firstPacked - 1, n - firstPacked + 1, rows.data(), Nw);
         }
         float& unknown = band.Load[n - 1];
-        const float* const ratios = rows.data() + (n - firstPacked) * Nw + 1;
+        const float* const ratios =
+            rows.data() + static_cast<std::ptrdiff_t>(n - firstPacked) * Nw + 1;
         const float solved =
             kernel.BackSubstitute(unknown, ratios, &unknown + 1, Nw - 1, steps.data());
         if (std::isfinite(solved)) {

@@ -49,7 +49,7 @@ BandWindow::BandWindow(const Kernel& kernel, const RawBand& band)
       band_(band),
       blocks_(BlocksFor(band.Width)),
       stride_(StrideFor(band.Width)),
-      rows_(static_cast<std::size_t>(blocks_ * PanelRows * stride_)),
+      rows_(static_cast<std::size_t>(stride_ * PanelRows * blocks_)),
       pivotRows_(static_cast<std::size_t>(PanelRows * stride_)),
       ratios_(static_cast<std::size_t>(PanelRows * stride_)) {}
 

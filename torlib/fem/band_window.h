@@ -49,7 +49,7 @@ class BandWindow {
   private:
     float* RowOf(int row) { return Block(row) + (row % PanelRows) * stride_; }
     float* Block(int row) {
-        return rows_.data() + (row / PanelRows % blocks_) * PanelRows * stride_;
+        return rows_.data() + stride_ * PanelRows * (row / PanelRows % blocks_);
     }
     float* EntryOf(int row) { return RowOf(row) + row % PanelRows; }
 
