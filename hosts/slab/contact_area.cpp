@@ -43,6 +43,10 @@ Quadrilateral Share(const Model& model, const Element& element, int corner) {
         {o, Mean({o, relative(1)}), Mean({o, relative(1), relative(2)}), Mean({o, relative(2)})}};
 }
 
+double Distance(const Point& a, const Point& b) {
+    return std::hypot(a.x - b.x, a.y - b.y);
+}
+
 bool Same(double a, double b) {
     return std::fabs(a - b) < same;
 }
@@ -103,6 +107,8 @@ std::vector<ContactArea> ContactAreas(const Model& model) {
         }
         for (const Quadrilateral& piece : area.Pieces) {
             area.Area += piece.Area();
+            area.Widest = std::max({area.Widest, Distance(piece.Corner[0], piece.Corner[2]),
+                                    Distance(piece.Corner[1], piece.Corner[3])});
             for (const Point& p : piece.Corner) {
                 area.Radius = std::max(area.Radius, std::hypot(p.x, p.y));
             }

@@ -13,20 +13,20 @@ class Influence {
     /// The soil must be a half-space or layered.
     explicit Influence(const Soil& soil);
 
-    /// Settlement, m/kN, at a point given relative to the area's node: exact near the area, from
-    /// point loads at Gauss points beyond `FarRadii` radii.
+    /// Settlement, m/kN, at a point given relative to the area's node: within two radii of the area
+    /// from signed triangles, beyond from point loads at Gauss points. In 32 bits a triangle loses
+    /// digits where the point comes close to the line through a side, and with the distance: 0.3 %
+    /// at most within two radii, 30 % at 160. The Gauss points are within 6E-5 where they stand for
+    /// the area, and gain with the distance.
     double Settlement(const ContactArea& area, const Point& p) const;
 
     /// The polygon as signed triangles with their vertex at the point.
     double FromTriangles(const ContactArea& area, const Point& p) const;
-    /// Four point loads on each piece.
-    double FromPoints(const ContactArea& area, const Point& p) const;
-
-    /// Distance, in radii of the area, from which on point loads are taken.
-    static constexpr double FarRadii = 8;
+    /// order x order point loads on each piece; the order is 1, 2 or 3.
+    double FromPoints(const ContactArea& area, const Point& p, int order) const;
 
   private:
-    double Triangle(const Point& p, const Point& j, const Point& k, torlib::Single area) const;
+    double Triangle(const Point& j, const Point& k, double scale, double area) const;
     double PointLoad(double dx, double dy) const;
 
     std::vector<SoilLayer> layers_; // empty for a half-space

@@ -8,7 +8,8 @@
 
 namespace slab {
 
-enum class Shape { Rectangles, Triangles };
+/// Triangles halve the cells of the grid along crossed or along parallel diagonals.
+enum class Shape { Rectangles, Triangles, ParallelTriangles };
 
 struct Plate {
     double Lx = 1, Ly = 1;
@@ -37,7 +38,7 @@ inline Model Grid(const Plate& plate) {
             const int b = a + column;
             if (plate.Elements == Shape::Rectangles) {
                 model.Elements.push_back({4, {a, b, b + 1, a + 1}, 0});
-            } else if ((i + j) % 2 == 0) {
+            } else if (plate.Elements == Shape::ParallelTriangles || (i + j) % 2 == 0) {
                 model.Elements.push_back({3, {a, b, b + 1, 0}, 0});
                 model.Elements.push_back({3, {a, b + 1, a + 1, 0}, 0});
             } else {
@@ -65,7 +66,7 @@ inline int NodeAt(const Model& model, double x, double y) {
     return nearest;
 }
 
-inline const NodeResult& At(const Model& model, const Results& results, double x, double y) {
+inline NodeResult At(const Model& model, const Results& results, double x, double y) {
     return results.Nodes[static_cast<std::size_t>(NodeAt(model, x, y) - 1)];
 }
 
@@ -103,7 +104,7 @@ inline void OnWinkler(Model& model, double modulus) {
     model.Soil.Subgrade.assign(model.Elements.size(), modulus);
 }
 
-inline Results Run(const Model& model, const AnalysisOptions& options = {}) {
+inline Results Analysed(const Model& model, const AnalysisOptions& options = {}) {
     RunWindow window(RunWindow::Style::Quiet);
     return Analyse(model, options, window);
 }
