@@ -87,7 +87,9 @@ TEST_F(TORVA, ArraysGrowTogetherAndKeepTheirContents) {
     EXPECT_EQ(one(5).Value(), 5.0F);
     EXPECT_EQ(two(0).Value(), 0.0F);
     EXPECT_EQ(two(5).Value(), -5.0F);
+    three(2) = 9;
     torva.ExpandDim(NDim, -6, one, two, three);
+    EXPECT_EQ(three(2).Value(), 9.0F);
     EXPECT_EQ(one.UBound(), 2) << "a negative growth shrinks";
     EXPECT_EQ(one(2).Value(), 2.0F);
     NDim = 32767;

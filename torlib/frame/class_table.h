@@ -125,24 +125,55 @@ Caller<Pointer, const Class, Result, Args...> CallerOf(Result (Class::*)(Args...
 template <auto Pointer>
 using CallerFor = decltype(CallerOf<Pointer>(Pointer));
 
+/// Whether the function's own name, as the compiler spells it, ends with the published name; a
+/// whole name stands right behind its class.
+template <auto Pointer>
+consteval bool IsNamed(std::u16string_view name, bool whole) {
+    constexpr std::string_view key = "Pointer = &";
+    std::string_view text = __PRETTY_FUNCTION__;
+    text.remove_prefix(text.find(key) + key.size());
+    text = text.substr(0, text.find_first_of(";]"));
+    text.remove_prefix(text.rfind("::") + 2);
+    if (text.size() < name.size() || (whole && text.size() > name.size())) {
+        return false;
+    }
+    text.remove_prefix(text.size() - name.size());
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        if (name[i] != static_cast<char16_t>(text[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// The row of a function that bears the row's name, so that no row can call another's function.
+template <auto Pointer>
+consteval Member NamedRow(std::u16string_view name, std::u16string_view doc, MemberKind kind,
+                          std::initializer_list<Parameter> parameters) {
+    if (!IsNamed<Pointer>(name, kind == MemberKind::Method)) {
+        throw "the row's name is not that of its function";
+    }
+    return CallerFor<Pointer>::Row(name, doc, kind, parameters);
+}
+
 } // namespace table
 
 template <auto Pointer>
 consteval Member Method(std::u16string_view name, std::u16string_view doc,
                         std::initializer_list<Parameter> parameters = {}) {
-    return table::CallerFor<Pointer>::Row(name, doc, MemberKind::Method, parameters);
+    return table::NamedRow<Pointer>(name, doc, MemberKind::Method, parameters);
 }
 
 template <auto Pointer>
 consteval Member PropertyGet(std::u16string_view name, std::u16string_view doc,
                              std::initializer_list<Parameter> parameters = {}) {
-    return table::CallerFor<Pointer>::Row(name, doc, MemberKind::PropertyGet, parameters);
+    return table::NamedRow<Pointer>(name, doc, MemberKind::PropertyGet, parameters);
 }
 
 template <auto Pointer>
 consteval Member PropertyPut(std::u16string_view name, std::u16string_view doc,
                              std::initializer_list<Parameter> parameters) {
-    return table::CallerFor<Pointer>::Row(name, doc, MemberKind::PropertyPut, parameters);
+    return table::NamedRow<Pointer>(name, doc, MemberKind::PropertyPut, parameters);
 }
 
 /// Keeps the slot of a published member that has no code yet; calling it is an unknown member.
