@@ -19,6 +19,7 @@ struct ContactArea {
     std::vector<Quadrilateral> Pieces;
     double Area = 0;   ///< m2
     double Radius = 0; ///< distance of the farthest corner from the node, m
+    double Widest = 0; ///< longest diagonal of a piece, m
 };
 
 /// The contact area of every node; rectangular pieces that share a whole side are joined.
