@@ -10,6 +10,9 @@ namespace slab {
 
 namespace {
 
+/// Keeps the time to read any file within bounds.
+constexpr std::size_t MostTables = 10000;
+
 std::string Listed(const std::vector<std::string>& words) {
     std::string text;
     for (const std::string& word : words) {
@@ -189,7 +192,12 @@ std::vector<KeyTable> KeyTable::Tables(std::string_view key) const {
         if (!Get(key).IsList()) {
             Get(key).Fail("must be a list of tables: write [[" + FullName(key) + "]]");
         }
-        for (const Entry& item : Get(key).List()) {
+        const std::vector<Entry> items = Get(key).List();
+        if (items.size() > MostTables) {
+            Get(key).Fail("has " + std::to_string(items.size()) + " tables (allowed: up to " +
+                          std::to_string(MostTables) + ")");
+        }
+        for (const Entry& item : items) {
             tables.push_back(item.Table());
         }
     }

@@ -40,8 +40,13 @@ double OnMeshLine(const Entry& entry, double value, const std::vector<double>& l
 /// Element numbers and [first, last] pairs of them.
 std::vector<std::size_t> ListedElements(const Entry& entry, const Model& model) {
     const int count = static_cast<int>(model.Elements.size());
-    std::vector<std::size_t> chosen;
-    for (const Entry& item : entry.List()) {
+    const std::vector<Entry> items = entry.List();
+    if (items.size() > model.Elements.size()) {
+        entry.Fail("has more values than there are elements (allowed: up to " +
+                   std::to_string(count) + ")");
+    }
+    std::vector<bool> wanted(model.Elements.size(), false);
+    for (const Entry& item : items) {
         int first = 0;
         int last = 0;
         if (item.IsList()) {
@@ -50,12 +55,14 @@ std::vector<std::size_t> ListedElements(const Entry& entry, const Model& model) 
         } else {
             first = last = item.WholeNumber(1, count);
         }
-        for (int number = first; number <= last; ++number) {
-            chosen.push_back(static_cast<std::size_t>(number - 1));
+        std::fill(wanted.begin() + first - 1, wanted.begin() + last, true);
+    }
+    std::vector<std::size_t> chosen;
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        if (wanted[i]) {
+            chosen.push_back(i);
         }
     }
-    std::sort(chosen.begin(), chosen.end());
-    chosen.erase(std::unique(chosen.begin(), chosen.end()), chosen.end());
     if (chosen.empty()) {
         entry.Fail("names no element (allowed: at least one)");
     }
@@ -147,8 +154,9 @@ std::vector<std::size_t> SelectedElements(const KeyTable& table, const ProjectDr
 }
 
 std::vector<Side> SidesOf(const Element& element) {
-    std::vector<Side> sides;
     const int corners = element.Corners;
+    std::vector<Side> sides;
+    sides.reserve(static_cast<std::size_t>(corners));
     for (int i = 0; i < corners; ++i) {
         sides.emplace_back(element.Node[i], element.Node[(i + 1) % corners]);
     }

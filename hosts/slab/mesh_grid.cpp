@@ -10,7 +10,7 @@ namespace {
 
 /// More lines than any mesh within 16 bits has; keeps a slip of the pen from filling the memory.
 constexpr int MostSpacings = 10000;
-constexpr std::size_t MostGridNodes = 500000;
+constexpr std::size_t MostGridNodes = 100000;
 
 /// Coordinates of the mesh lines from {count, length} or a list of spacings and [count, spacing].
 std::vector<double> ReadLines(const Entry& entry, double origin) {

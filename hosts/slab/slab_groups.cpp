@@ -33,7 +33,7 @@ std::string ReadName(const KeyTable& region, const std::vector<Group>& groups) {
     if (!region.Has("name")) {
         return "region " + std::to_string(groups.size());
     }
-    const std::string name = region.Get("name").Text();
+    std::string name = region.Get("name").Text();
     if (std::any_of(groups.begin(), groups.end(),
                     [&name](const Group& group) { return group.Name == name; })) {
         region.Get("name").Fail("\"" + name + "\" is the name of an earlier group");

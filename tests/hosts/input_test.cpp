@@ -156,6 +156,15 @@ TEST(ListedMesh, IsTurnedIntoTheElementsOrder) {
     EXPECT_EQ(accepted, 8); // four starts, two senses; the others cross themselves
 }
 
+TEST(Symmetry, IsTheLibrarysCase) {
+    const char* names[] = {"none", "x", "y", "xy", "anti-x", "anti-y"};
+    for (int i = 0; i < 6; ++i) {
+        const slab::Model model =
+            Parsed("origin", "symmetry = \"" + std::string(names[i]) + "\"\norigin");
+        EXPECT_EQ(static_cast<int>(model.Symmetry), i + 1) << names[i];
+    }
+}
+
 TEST(Groups, AndPressuresFollowTheirRegions) {
     const slab::Model model =
         Parsed("pressure = 5", "pressure = 5\n[[loads.uniform]]\npressure = 2\ngroup = \"thick\"\n"
@@ -164,6 +173,7 @@ TEST(Groups, AndPressuresFollowTheirRegions) {
         const bool thick = slab::CentreOf(model.Elements[i], model.Nodes).x < 2;
         const double t = model.Groups[model.Elements[i].Group].Thickness;
         EXPECT_DOUBLE_EQ(t, thick ? 0.4 : 0.3);
+        EXPECT_EQ(model.Groups[model.Elements[i].Group].Modulus, 3e7);
         EXPECT_NEAR(model.Pressure[i], 25 * t + 5 + (thick ? 2 : 0) + (i >= 6 && i < 10 ? 1 : 0),
                     1e-12);
     }
