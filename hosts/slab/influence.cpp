@@ -48,7 +48,7 @@ double Influence::Settlement(const ContactArea& area, const Point& p) const {
     if (distance < 6 * area.Radius) {
         return FromPoints(area, p, 3);
     }
-    return FromPoints(area, p, distance < 20 * area.Widest ? 2 : 1);
+    return FromPoints(area, p, distance < 30 * area.Widest ? 2 : 1);
 }
 
 /// Sides from the evaluation point, in a unit of length of which `scale` make a metre.
