@@ -52,7 +52,8 @@ TEST(PublishedFile, CarriesTheTypeLibraryThatIsPinned) {
     }
     std::ifstream file(TORLIB_GOLDEN_TYPELIB, std::ios::binary);
     const std::string pinned(std::istreambuf_iterator<char>(file), {});
-    EXPECT_EQ(listing, pinned);
+    EXPECT_EQ(listing, pinned) << "a wanted change is recorded by: TORLIB_RECORD=1 ctest -R "
+                                  "PublishedFile";
 }
 
 TEST(PublishedFile, IsMarkedAsRegisteringItself) {

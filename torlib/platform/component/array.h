@@ -157,11 +157,14 @@ class Array final : public SafeArray {
     std::size_t Size() const noexcept { return elements_.size(); }
 
   private:
+    static std::size_t Length(Bounds range) {
+        return static_cast<std::size_t>(std::int64_t{range.Upper} - range.Lower + 1);
+    }
     void Allocate(int dimensions, Bounds first, Bounds second) {
         CheckBounds(first, second);
         dimensions_ = 0; // not allocated, should the memory not suffice
-        rows_ = static_cast<std::size_t>(first.Upper - first.Lower + 1);
-        elements_.assign(rows_ * static_cast<std::size_t>(second.Upper - second.Lower + 1), T());
+        rows_ = Length(first);
+        elements_.assign(rows_ * Length(second), T());
         dimensions_ = dimensions;
         bounds_[0] = first;
         bounds_[1] = second;

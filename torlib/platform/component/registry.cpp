@@ -32,7 +32,7 @@ constexpr std::string_view heading =
 std::string Trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(" \t\r");
     const auto last = text.find_last_not_of(" \t\r");
-    return std::string(first == text.npos ? "" : text.substr(first, last - first + 1));
+    return std::string(first == std::string_view::npos ? "" : text.substr(first, last - first + 1));
 }
 
 /// Takes in one line; false when it is neither a heading of an entry nor a value of one.
@@ -42,7 +42,7 @@ bool ReadLine(const std::string& line, std::vector<RegistryEntry>& entries) {
     }
     if (line.front() == '[') {
         const auto blank = line.find(' ');
-        if (line.back() != ']' || blank == line.npos) {
+        if (line.back() != ']' || blank == std::string::npos) {
             return false;
         }
         entries.push_back({line.substr(1, blank - 1),
@@ -51,7 +51,7 @@ bool ReadLine(const std::string& line, std::vector<RegistryEntry>& entries) {
         return true;
     }
     const auto sign = line.find('=');
-    if (sign == line.npos || entries.empty()) {
+    if (sign == std::string::npos || entries.empty()) {
         return false;
     }
     entries.back().Values.emplace_back(Trimmed(line.substr(0, sign)),
@@ -66,15 +66,16 @@ bool SameEntry(const RegistryEntry& a, std::string_view kind, std::string_view k
 std::string FileText(const std::vector<RegistryEntry>& entries) {
     std::string text(heading);
     for (const RegistryEntry& entry : entries) {
-        std::string lines = "[" + entry.Kind + " " + entry.Key + "]";
+        std::string lines = "[" + entry.Kind;
+        lines.append(" ").append(entry.Key).append("]");
         for (const auto& [name, value] : entry.Values) {
-            if (name.find('\n') != name.npos || value.find('\n') != value.npos) {
+            if (name.find('\n') != std::string::npos || value.find('\n') != std::string::npos) {
                 RaiseError(ErrorNumber::InvalidArgument,
                            "a value of the component registry is one line, not \"" + value + "\"");
             }
-            lines += "\n" + name + " = " + value;
+            lines.append("\n").append(name).append(" = ").append(value);
         }
-        text += "\n" + lines + "\n";
+        text.append("\n").append(lines).append("\n");
     }
     return text;
 }
@@ -153,7 +154,7 @@ std::string RegistryPath() {
         const char* value = std::getenv(name);
         return value ? value : "";
     };
-    if (const std::string path = variable("TORLIB_REGISTRY"); !path.empty()) {
+    if (std::string path = variable("TORLIB_REGISTRY"); !path.empty()) {
         return path;
     }
     if (const std::string data = variable("XDG_DATA_HOME"); !data.empty()) {

@@ -84,9 +84,11 @@ class TORLIB_API Variant {
 
 struct Argument {
     Argument() = default;
+    // The constraint leaves copies alone: no Variant is made from an Argument.
     template <class T>
-    requires std::constructible_from<Variant, T> Argument(T&& value)
-        : Value(std::forward<T>(value)) {}
+    requires std::constructible_from<Variant, T>
+    // NOLINTNEXTLINE(bugprone-forwarding-reference-overload)
+    Argument(T&& value) : Value(std::forward<T>(value)) {}
     Argument(std::u16string name, Variant value) : Name(std::move(name)), Value(std::move(value)) {}
 
     std::u16string Name;
