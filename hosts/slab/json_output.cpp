@@ -80,9 +80,10 @@ Json ReactionsOf(const Model& model, const Results& results) {
 Json IterationOf(const Model& model, const Results& results) {
     Json cycles = Json::array();
     for (const Cycle& cycle : results.Cycles) {
-        cycles.push_back({{"cycle", cycle.Number},
-                          {"change", InUnits(model.Units, Dimension::Settlement, cycle.Change)},
-                          {"mismatch", InUnits(model.Units, Dimension::Settlement, cycle.Mismatch)}});
+        cycles.push_back(
+            {{"cycle", cycle.Number},
+             {"change", InUnits(model.Units, Dimension::Settlement, cycle.Change)},
+             {"mismatch", InUnits(model.Units, Dimension::Settlement, cycle.Mismatch)}});
     }
     return {{"converged", results.Converged}, {"cycles", std::move(cycles)}};
 }
@@ -103,12 +104,10 @@ std::string JsonText(const Model& model, const Results& results) {
     document["title"] = model.Title;
     document["file"] = model.File;
     document["units"] = UnitsOf(model);
-    document["system"] = {{"nodes", model.Nodes.size()},
-                          {"elements", model.Elements.size()},
-                          {"equations", results.Equations},
-                          {"half_band_width", results.HalfBandWidth},
-                          {"soil", SoilName(model.Soil.Kind)},
-                          {"symmetry", SymmetryName(model.Symmetry)}};
+    document["system"] = {
+        {"nodes", model.Nodes.size()},       {"elements", model.Elements.size()},
+        {"equations", results.Equations},    {"half_band_width", results.HalfBandWidth},
+        {"soil", SoilName(model.Soil.Kind)}, {"symmetry", SymmetryName(model.Symmetry)}};
     document["extremes"] = ExtremesJson(model, results);
     document["balance"] = BalanceOf(model, results.Balance);
     document["digits"] = {{"residual_before", results.Digits.ResidualBefore},

@@ -33,25 +33,32 @@ struct CommandLine {
 };
 
 void Describe(CLI::App& app, CommandLine& command) {
-    app.description("Analyses a slab on elastic soil from a project file: settlements, contact\n"
-                    "pressures, moments and reactions. Results go to standard output, progress and\n"
-                    "messages to standard error.");
-    app.add_option("project", command.project, "project file (TOML); its keys: docs/project-file.md");
-    app.add_option("--report", command.report, "write the full report to FILE (- for standard output)")
+    app.description(
+        "Analyses a slab on elastic soil from a project file: settlements, contact\n"
+        "pressures, moments and reactions. Results go to standard output, progress and\n"
+        "messages to standard error.");
+    app.add_option("project", command.project,
+                   "project file (TOML); its keys: docs/project-file.md");
+    app.add_option("--report", command.report,
+                   "write the full report to FILE (- for standard output)")
         ->type_name("FILE");
-    app.add_option("--json", command.json, "write all results as JSON to FILE (- for standard output)")
+    app.add_option("--json", command.json,
+                   "write all results as JSON to FILE (- for standard output)")
         ->type_name("FILE");
     app.add_option("--picture", command.picture, "draw the settlements in plan, as SVG, to FILE")
         ->type_name("FILE");
-    app.add_flag("--plain", command.plain, "keep the 32-bit solution, without the correction of digits");
+    app.add_flag("--plain", command.plain,
+                 "keep the 32-bit solution, without the correction of digits");
     app.add_flag("--validate", command.validate, "check the project file only");
     app.add_flag("--quiet", command.quiet, "no progress and no messages but errors");
     app.add_option("--example", command.example, "write the shipped example NAME to NAME.toml")
         ->type_name("NAME");
     app.add_flag("--examples", command.listExamples, "list the shipped examples");
-    app.set_version_flag("--version", "slab, torlib " + std::to_string(torlib::LibraryMajorVersion) +
-                                          "." + std::to_string(torlib::LibraryMinorVersion));
-    app.footer("Exit codes: 0 done, 1 analysis failed, 2 input error, 3 cannot write, 130 cancelled.");
+    app.set_version_flag("--version", "slab, torlib " +
+                                          std::to_string(torlib::LibraryMajorVersion) + "." +
+                                          std::to_string(torlib::LibraryMinorVersion));
+    app.footer(
+        "Exit codes: 0 done, 1 analysis failed, 2 input error, 3 cannot write, 130 cancelled.");
 }
 
 int ListExamples() {
@@ -109,9 +116,12 @@ int AnalyseProject(const CommandLine& command) {
     options.Plain = command.plain;
     const Results results = Analyse(model, options, window);
     window.End();
-    Write(command.report, [&] { return ReportText(model, results); }, window);
-    Write(command.json, [&] { return JsonText(model, results); }, window);
-    Write(command.picture, [&] { return PictureText(model, results); }, window);
+    Write(
+        command.report, [&] { return ReportText(model, results); }, window);
+    Write(
+        command.json, [&] { return JsonText(model, results); }, window);
+    Write(
+        command.picture, [&] { return PictureText(model, results); }, window);
     if (command.report != "-" && command.json != "-" && command.picture != "-") {
         std::cout << SummaryText(model, results) << std::flush;
     }
@@ -134,7 +144,8 @@ int Run(const CommandLine& command) {
         return WriteExample(command);
     }
     if (command.project.empty()) {
-        std::cerr << "a project file is needed; --help shows the options, --examples what is shipped\n";
+        std::cerr
+            << "a project file is needed; --help shows the options, --examples what is shipped\n";
         return BadInput;
     }
     return AnalyseProject(command);

@@ -22,7 +22,8 @@ constexpr int finest_cells = 40000;
 std::string BandColour(int band) {
     const double t = (band + 0.5) / band_count;
     char text[8];
-    std::snprintf(text, sizeof text, "#%02x%02x%02x", static_cast<unsigned>(std::lround(236 - 216 * t)),
+    std::snprintf(text, sizeof text, "#%02x%02x%02x",
+                  static_cast<unsigned>(std::lround(236 - 216 * t)),
                   static_cast<unsigned>(std::lround(244 - 170 * t)),
                   static_cast<unsigned>(std::lround(250 - 110 * t)));
     return text;
@@ -84,7 +85,8 @@ class Plan {
     void Shade(const Element& element) {
         std::array<Sample, 4> corner;
         for (std::size_t k = 0; k < 4; ++k) {
-            corner[k] = At(element.Node[std::min(k, static_cast<std::size_t>(element.Corners) - 1)]);
+            corner[k] =
+                At(element.Node[std::min(k, static_cast<std::size_t>(element.Corners) - 1)]);
         }
         const auto inside = [&corner](double s, double t) {
             const double f[] = {(1 - s) * (1 - t), s * (1 - t), s * t, (1 - s) * t};
@@ -101,10 +103,12 @@ class Plan {
             for (int j = 0; j < strips_; ++j) {
                 const double s = i * step;
                 const double t = j * step;
-                const std::string colour = BandColour(Band(inside(s + step / 2, t + step / 2).value));
+                const std::string colour =
+                    BandColour(Band(inside(s + step / 2, t + step / 2).value));
                 out_ << "<path fill=\"" << colour << "\" stroke=\"" << colour
                      << "\" stroke-width=\".6\" d=\"M";
-                for (const auto& [ds, dt] : {std::pair{0.0, 0.0}, {step, 0.0}, {step, step}, {0.0, step}}) {
+                for (const auto& [ds, dt] :
+                     {std::pair{0.0, 0.0}, {step, 0.0}, {step, step}, {0.0, step}}) {
                     const Sample p = inside(s + ds, t + dt);
                     out_ << ' ' << Short(p.x) << ',' << Short(p.y);
                 }
@@ -143,17 +147,18 @@ class Plan {
         };
         out_ << "<text x=\"" << (margin + right) / 2 << "\" y=\"" << bottom + 22
              << "\" text-anchor=\"middle\" fill=\"#555\">" << length(high_.x - low_.x)
-             << "</text>\n<text transform=\"translate(" << margin - 14 << ',' << (margin + bottom) / 2
-             << ") rotate(-90)\" text-anchor=\"middle\" fill=\"#555\">" << length(high_.y - low_.y)
-             << "</text>\n";
+             << "</text>\n<text transform=\"translate(" << margin - 14 << ','
+             << (margin + bottom) / 2 << ") rotate(-90)\" text-anchor=\"middle\" fill=\"#555\">"
+             << length(high_.y - low_.y) << "</text>\n";
     }
 
     void Legend() {
         const double left = width_ - legend_width;
         const double step = 26;
         for (int band = 0; band < band_count; ++band) {
-            out_ << "<rect x=\"" << left << "\" y=\"" << margin + band * step << "\" width=\"24\" height=\""
-                 << step << "\" fill=\"" << BandColour(band) << "\"/>\n";
+            out_ << "<rect x=\"" << left << "\" y=\"" << margin + band * step
+                 << "\" width=\"24\" height=\"" << step << "\" fill=\"" << BandColour(band)
+                 << "\"/>\n";
         }
         for (int line = 0; line <= band_count; ++line) {
             const double value = least_ + (greatest_ - least_) * line / band_count;
@@ -166,10 +171,17 @@ class Plan {
         std::string safe;
         for (const char c : text) {
             switch (c) {
-                case '<': safe += "&lt;"; break;
-                case '>': safe += "&gt;"; break;
-                case '&': safe += "&amp;"; break;
-                default: safe += c;
+                case '<':
+                    safe += "&lt;";
+                    break;
+                case '>':
+                    safe += "&gt;";
+                    break;
+                case '&':
+                    safe += "&amp;";
+                    break;
+                default:
+                    safe += c;
             }
         }
         return safe;

@@ -12,7 +12,8 @@ constexpr Quantity quantities[] = {
     {"slope_x", "Slope dw/dx", "wx", Dimension::Slope, &NodeResult::SlopeX, false, false},
     {"slope_y", "Slope dw/dy", "wy", Dimension::Slope, &NodeResult::SlopeY, false, false},
     {"pressure", "Contact pressure", "q", Dimension::Pressure, &NodeResult::Pressure, true, false},
-    {"contact_force", "Contact force", "P", Dimension::Force, &NodeResult::ContactForce, true, false},
+    {"contact_force", "Contact force", "P", Dimension::Force, &NodeResult::ContactForce, true,
+     false},
     {"soil_settlement", "Settlement of the soil", "ss", Dimension::Settlement,
      &NodeResult::SoilSettlement, true, true},
     {"mx", "Moment", "mx", Dimension::MomentPerLength, &NodeResult::Mx, false, false},
@@ -41,25 +42,35 @@ std::vector<const Quantity*> QuantitiesOf(const Model& model) {
 
 std::string UnitName(const Units& units, Dimension kind) {
     switch (kind) {
-        case Dimension::Settlement: return units.SettlementName;
-        case Dimension::Slope: return "rad";
-        case Dimension::Pressure: return units.ForceName + "/" + units.LengthName + "2";
-        case Dimension::Force: return units.ForceName;
+        case Dimension::Settlement:
+            return units.SettlementName;
+        case Dimension::Slope:
+            return "rad";
+        case Dimension::Pressure:
+            return units.ForceName + "/" + units.LengthName + "2";
+        case Dimension::Force:
+            return units.ForceName;
         case Dimension::MomentPerLength:
             return units.ForceName + "." + units.LengthName + "/" + units.LengthName;
-        case Dimension::Angle: return "deg";
+        case Dimension::Angle:
+            return "deg";
     }
     return "";
 }
 
 double InUnits(const Units& units, Dimension kind, double value) {
     switch (kind) {
-        case Dimension::Settlement: return value / units.Settlement;
-        case Dimension::Slope: return value;
-        case Dimension::Pressure: return value / units.Force * units.Length * units.Length;
+        case Dimension::Settlement:
+            return value / units.Settlement;
+        case Dimension::Slope:
+            return value;
+        case Dimension::Pressure:
+            return value / units.Force * units.Length * units.Length;
         case Dimension::Force:
-        case Dimension::MomentPerLength: return value / units.Force;
-        case Dimension::Angle: return value * degrees;
+        case Dimension::MomentPerLength:
+            return value / units.Force;
+        case Dimension::Angle:
+            return value * degrees;
     }
     return value;
 }
@@ -79,13 +90,13 @@ Extremes ExtremesOf(const Results& results, const Quantity& quantity) {
     return found;
 }
 
-std::string NumberText(double value) {
+std::string NumberText(double value, int digits) {
     char text[40];
     const double size = std::fabs(value);
-    if (size >= 1000 && size < 1e7) {
+    if (size >= std::pow(10.0, digits - 1) && size < 1e7) {
         std::snprintf(text, sizeof text, "%.0f", value);
     } else {
-        std::snprintf(text, sizeof text, "%.4g", value);
+        std::snprintf(text, sizeof text, "%.*g", digits, value);
     }
     return text;
 }

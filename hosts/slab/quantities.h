@@ -1,6 +1,6 @@
 #pragma once
-// The values at the nodes as a table: key for machines, name and symbol for readers, unit, and where
-// the value stands. Report, JSON, summary and picture walk over the same rows.
+// The values at the nodes as a table: key for machines, name and symbol for readers, unit, and
+// where the value stands. Report, JSON, summary and picture walk over the same rows.
 
 #include "hosts/slab/model.h"
 #include "hosts/slab/results.h"
@@ -18,8 +18,8 @@ struct Quantity {
     const char* Symbol;
     Dimension Kind;
     double NodeResult::*Member;
-    bool OnSoilOnly;        ///< has no meaning for a slab without soil
-    bool WithSoilSurface;   ///< only where the soil surface is computed: half-space and layers
+    bool OnSoilOnly;      ///< has no meaning for a slab without soil
+    bool WithSoilSurface; ///< only where the soil surface is computed: half-space and layers
 };
 
 /// The rows that have a meaning for this model, in the order of the report.
@@ -38,7 +38,7 @@ struct Extremes {
 };
 Extremes ExtremesOf(const Results& results, const Quantity& quantity);
 
-/// "%.4g"-like text without an exponent for everyday sizes.
-std::string NumberText(double value);
+/// The value with this many significant digits, without an exponent for everyday sizes.
+std::string NumberText(double value, int digits = 4);
 
 } // namespace slab

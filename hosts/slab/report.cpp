@@ -50,6 +50,11 @@ class Report {
     void Line(const std::string& name, const std::string& symbol, Dimension kind, double value) {
         Line(name, symbol, UnitName(model_.Units, kind), Value(kind, value));
     }
+    /// Forces of the balance show enough digits to be added up by hand.
+    void Force(const std::string& name, double value) {
+        Line(name, "", model_.Units.ForceName,
+             NumberText(InUnits(model_.Units, Dimension::Force, value), 6));
+    }
     std::string Value(Dimension kind, double value) const {
         return NumberText(InUnits(model_.Units, kind, value));
     }
@@ -106,8 +111,8 @@ class Report {
             const Extremes found = ExtremesOf(results_, *row);
             Line("Smallest " + LowerFirst(row->Name) + At(found.Least.Node), row->Symbol, row->Kind,
                  found.Least.Value);
-            Line("Largest " + LowerFirst(row->Name) + At(found.Greatest.Node), row->Symbol, row->Kind,
-                 found.Greatest.Value);
+            Line("Largest " + LowerFirst(row->Name) + At(found.Greatest.Node), row->Symbol,
+                 row->Kind, found.Greatest.Value);
         }
     }
     static std::string At(int node) { return ", node " + std::to_string(node); }
@@ -115,10 +120,10 @@ class Report {
     void BalanceAndDigits() {
         Heading("Balance of vertical forces");
         const Balance& balance = results_.Balance;
-        Line("Loads", "", Dimension::Force, balance.Loads);
-        Line("Soil", "", Dimension::Force, balance.Soil);
-        Line("Supports", "", Dimension::Force, balance.Supports);
-        Line("Springs", "", Dimension::Force, balance.Springs);
+        Force("Loads", balance.Loads);
+        Force("Soil", balance.Soil);
+        Force("Supports", balance.Supports);
+        Force("Springs", balance.Springs);
         Line("Relative error", "", "-", NumberText(balance.RelativeError));
         Heading("Digits of the solution");
         for (const std::string& line : DigitLines(results_.Digits)) {
@@ -198,7 +203,8 @@ class Report {
             Cell(row, reaction.IsSpring ? "spring" : "support", 10);
             Cell(row, Value(Dimension::Force, reaction.Force[0]), 16);
             for (const std::size_t freedom : {1U, 2U}) {
-                Cell(row, Value(Dimension::Force, reaction.Force[freedom] / model_.Units.Length), 22);
+                Cell(row, Value(Dimension::Force, reaction.Force[freedom] / model_.Units.Length),
+                     22);
             }
             text_ += row + u"\r\n";
         }

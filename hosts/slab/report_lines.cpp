@@ -10,10 +10,14 @@ namespace slab {
 
 const char* SoilName(SoilKind kind) {
     switch (kind) {
-        case SoilKind::None: return "none";
-        case SoilKind::Winkler: return "Winkler springs";
-        case SoilKind::HalfSpace: return "elastic half-space";
-        case SoilKind::Layered: return "layered medium";
+        case SoilKind::None:
+            return "none";
+        case SoilKind::Winkler:
+            return "Winkler springs";
+        case SoilKind::HalfSpace:
+            return "elastic half-space";
+        case SoilKind::Layered:
+            return "layered medium";
     }
     return "";
 }
@@ -21,12 +25,18 @@ const char* SoilName(SoilKind kind) {
 const char* SymmetryName(torlib::SymmetricCase symmetry) {
     using torlib::SymmetricCase;
     switch (symmetry) {
-        case SymmetricCase::Unsymmetric: return "none";
-        case SymmetricCase::X_symmetric: return "about the line y = ymax";
-        case SymmetricCase::Y_Symmetric: return "about the line x = xmax";
-        case SymmetricCase::XY_Symmetric: return "about the lines x = xmax and y = ymax";
-        case SymmetricCase::X_AntiSymmetric: return "antisymmetric about the line y = ymax";
-        case SymmetricCase::Y_AntiSymmetric: return "antisymmetric about the line x = xmax";
+        case SymmetricCase::Unsymmetric:
+            return "none";
+        case SymmetricCase::X_symmetric:
+            return "about the line y = ymax";
+        case SymmetricCase::Y_Symmetric:
+            return "about the line x = xmax";
+        case SymmetricCase::XY_Symmetric:
+            return "about the lines x = xmax and y = ymax";
+        case SymmetricCase::X_AntiSymmetric:
+            return "antisymmetric about the line y = ymax";
+        case SymmetricCase::Y_AntiSymmetric:
+            return "antisymmetric about the line x = xmax";
     }
     return "";
 }

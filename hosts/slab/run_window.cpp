@@ -29,7 +29,11 @@ extern "C" void OnInterrupt(int signal) {
 } // namespace
 
 RunWindow::RunWindow(Style style)
-    : style_(style), bar_("PrB"), time_("lbltime"), stage_("LblStufe"), window_("calculation window"),
+    : style_(style),
+      bar_("PrB"),
+      time_("lbltime"),
+      stage_("LblStufe"),
+      window_("calculation window"),
       statusBarObject_("status bar") {
     bar_.Define(u"Value", 0).Define(u"Max", 1);
     time_.Define(u"Visible", false).Define(u"Caption", u"");
@@ -101,10 +105,10 @@ void RunWindow::Draw() {
     lastDrawn_ = now;
     lastPercent_ = percent;
     const int filled = std::clamp(bar_width * value / steps_, 0, bar_width);
-    std::string line = "\r\033[K" + phase_ + " [" + std::string(static_cast<std::size_t>(filled), '#') +
-                       std::string(static_cast<std::size_t>(bar_width - filled), '.') + "] " +
-                       std::to_string(percent) + " %  " +
-                       torlib::ToUtf8(stage_.Value(u"Caption").ToText());
+    std::string line =
+        "\r\033[K" + phase_ + " [" + std::string(static_cast<std::size_t>(filled), '#') +
+        std::string(static_cast<std::size_t>(bar_width - filled), '.') + "] " +
+        std::to_string(percent) + " %  " + torlib::ToUtf8(stage_.Value(u"Caption").ToText());
     if (time_.Value(u"Visible").ToBoolean()) {
         line += "  " + torlib::ToUtf8(time_.Value(u"Caption").ToText());
     }

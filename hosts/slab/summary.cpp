@@ -33,8 +33,8 @@ void ExtremeLines(const Model& model, const Results& results, std::ostringstream
         }
         const Extremes found = ExtremesOf(results, *row);
         const auto value = [&](const Extreme& extreme) {
-            return RightAligned(NumberText(InUnits(model.Units, row->Kind, extreme.Value)), 12) + "  " +
-                   Padded(Place(model, extreme.Node), 18);
+            return RightAligned(NumberText(InUnits(model.Units, row->Kind, extreme.Value)), 12) +
+                   "  " + Padded(Place(model, extreme.Node), 18);
         };
         out << "  " << Padded(row->Name, 20) << Padded(row->Symbol, 6)
             << Padded("[" + UnitName(model.Units, row->Kind) + "]", 14) << value(found.Least)
@@ -44,7 +44,8 @@ void ExtremeLines(const Model& model, const Results& results, std::ostringstream
 
 void BalanceLine(const Model& model, const Results& results, std::ostringstream& out) {
     const auto force = [&](double value) {
-        return NumberText(InUnits(model.Units, Dimension::Force, value)) + " " + model.Units.ForceName;
+        return NumberText(InUnits(model.Units, Dimension::Force, value), 6) + " " +
+               model.Units.ForceName;
     };
     const Balance& balance = results.Balance;
     out << "  Balance    loads " << force(balance.Loads) << " = soil " << force(balance.Soil)
@@ -58,8 +59,8 @@ std::string SummaryText(const Model& model, const Results& results) {
     std::ostringstream out;
     out << (model.Title.empty() ? "Slab analysis" : model.Title) << "\n  " << model.Nodes.size()
         << " nodes, " << model.Elements.size() << " elements, " << results.Equations
-        << " equations, half band width " << results.HalfBandWidth << "; soil: "
-        << SoilName(model.Soil.Kind) << "\n\n";
+        << " equations, half band width " << results.HalfBandWidth
+        << "; soil: " << SoilName(model.Soil.Kind) << "\n\n";
     ExtremeLines(model, results, out);
     out << '\n';
     BalanceLine(model, results, out);
@@ -70,8 +71,9 @@ std::string SummaryText(const Model& model, const Results& results) {
                    model.Units.SettlementName;
         };
         out << "  Iteration  " << (results.Converged ? "converged" : "NOT CONVERGED") << " after "
-            << results.Cycles.size() << " cycles; last change " << settlement(last.Change)
-            << ", slab - soil " << settlement(last.Mismatch) << '\n';
+            << results.Cycles.size() << (results.Cycles.size() == 1 ? " cycle" : " cycles")
+            << "; last change " << settlement(last.Change) << ", slab - soil "
+            << settlement(last.Mismatch) << '\n';
     }
     const char* label = "  Digits     ";
     for (const std::string& line : DigitLines(results.Digits)) {

@@ -17,8 +17,8 @@ namespace {
 
 /// Writes and flushes to the disk; an empty text when it went well, else the reason.
 std::string WriteAll(std::FILE* file, const std::string& text) {
-    const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size() &&
-                         std::fflush(file) == 0;
+    const bool written =
+        std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fflush(file) == 0;
     const std::string reason = written ? "" : std::strerror(errno);
     return std::fclose(file) == 0 || !written ? reason : std::strerror(errno);
 }
