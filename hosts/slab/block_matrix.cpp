@@ -64,8 +64,7 @@ void BlockMatrix::Add(const Element& element, const Vector& matrix) {
         for (int j = 0; j < element.Corners; ++j) {
             auto& block = Block(element.Node[i] - 1, element.Node[j] - 1);
             for (int k = 0; k < 9; ++k) {
-                block[k] +=
-                    matrix[static_cast<std::size_t>((3 * i + k / 3) * size + 3 * j + k % 3)];
+                block[k] += matrix[(3 * i + k / 3) * size + 3 * j + k % 3];
             }
         }
     }

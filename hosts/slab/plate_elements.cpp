@@ -7,8 +7,6 @@
 namespace slab {
 
 using torlib::Array;
-using torlib::Bounds;
-using torlib::Integer;
 using torlib::Single;
 
 namespace {
@@ -21,9 +19,9 @@ const Point& Corner(const Model& model, const Element& element, int i) {
 std::array<Vector, 3> RigidMotions(const Model& model, const Element& element, double l2) {
     std::array<Vector, 3> modes;
     modes.fill(Vector(static_cast<std::size_t>(3 * element.Corners)));
-    for (int i = 0; i < element.Corners; ++i) {
-        const Point& p = Corner(model, element, i);
-        const Point& o = Corner(model, element, 0);
+    const Point& o = Corner(model, element, 0);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(element.Corners); ++i) {
+        const Point& p = Corner(model, element, static_cast<int>(i));
         modes[0][3 * i] = 1;
         modes[1][3 * i] = p.x - o.x;
         modes[1][3 * i + 1] = 1;

@@ -142,6 +142,7 @@ class CoefficientTable {
 
     static std::vector<double> Values(const std::vector<Point>& points, bool x) {
         std::vector<double> values;
+        values.reserve(points.size());
         for (const Point& p : points) {
             values.push_back(x ? p.x : p.y);
         }
