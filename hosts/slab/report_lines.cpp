@@ -8,6 +8,17 @@
 
 namespace slab {
 
+namespace {
+
+/// Correct decimal digits that a relative residual stands for, 0 to 15.
+std::string DigitsText(double residual) {
+    const int digits =
+        residual > 0 ? std::clamp(static_cast<int>(-std::log10(residual)), 0, 15) : 15;
+    return std::to_string(digits) + (digits == 1 ? " digit" : " digits");
+}
+
+} // namespace
+
 const char* SoilName(SoilKind kind) {
     switch (kind) {
         case SoilKind::None:
@@ -41,20 +52,14 @@ const char* SymmetryName(torlib::SymmetricCase symmetry) {
     return "";
 }
 
-int DigitsOf(double residual) {
-    return residual > 0 ? std::clamp(static_cast<int>(-std::log10(residual)), 0, 15) : 15;
-}
-
 std::vector<std::string> DigitLines(const Digits& digits) {
     std::vector<std::string> lines;
     lines.push_back("32-bit elimination: residual " + NumberText(digits.ResidualBefore) +
-                    " of the load, about " + std::to_string(DigitsOf(digits.ResidualBefore)) +
-                    " digits of equilibrium");
+                    " of the load, about " + DigitsText(digits.ResidualBefore) + " of equilibrium");
     if (digits.Corrected) {
         lines.push_back("after " + std::to_string(digits.Steps) + " correction steps: residual " +
                         NumberText(digits.ResidualAfter) + ", about " +
-                        std::to_string(DigitsOf(digits.ResidualAfter)) +
-                        " digits; largest settlement changed by " +
+                        DigitsText(digits.ResidualAfter) + "; largest settlement changed by " +
                         NumberText(100 * digits.ChangeOfSolution) + " %");
     } else {
         lines.push_back("not corrected");

@@ -15,9 +15,6 @@ const char* SymmetryName(torlib::SymmetricCase symmetry);
 /// What rounding cost and what the correction gave back, in a line or two.
 std::vector<std::string> DigitLines(const Digits& digits);
 
-/// Correct decimal digits that a relative residual stands for, 0 to 15.
-int DigitsOf(double residual);
-
 /// The text with its first letter in lower case.
 std::string LowerFirst(std::string text);
 

@@ -46,7 +46,7 @@ class Differences {
         }
         points_.Sort();
         nodes_.Sort();
-        if (points_.Count() * nodes_.Count() > 4000000) {
+        if (points_.Count() * nodes_.Count() > 400000) {
             return;
         }
         for (std::size_t i = 0; i < points_.Count(); ++i) {
@@ -208,7 +208,8 @@ SoilFlexibility::SoilFlexibility(const Model& model, const std::vector<ContactAr
                                  RunWindow& window)
     : nodes_(model.Nodes.size()) {
     try {
-        row_.resize(nodes_ * nodes_);
+        // Not cleared: touching all of it at once would hold up a cancel.
+        row_ = std::make_unique_for_overwrite<float[]>(nodes_ * nodes_);
     } catch (const std::bad_alloc&) {
         throw AnalysisFailure("the soil's flexibility of " + std::to_string(nodes_) +
                               " nodes does not fit into memory. Take larger elements, or model a "
@@ -229,8 +230,7 @@ SoilFlexibility::SoilFlexibility(const Model& model, const std::vector<ContactAr
         for (const Image& image : Images(model.Nodes[i], lines)) {
             table.AddRow(image.At, image.Sign, row);
         }
-        std::transform(row.begin(), row.end(),
-                       row_.begin() + static_cast<std::ptrdiff_t>(i * nodes_),
+        std::transform(row.begin(), row.end(), row_.get() + i * nodes_,
                        [](double value) { return static_cast<float>(value); });
         if (!window.Step(static_cast<int>(i) + 1)) {
             throw Cancelled();
@@ -243,7 +243,7 @@ SoilFlexibility::SoilFlexibility(const Model& model, const std::vector<ContactAr
 Vector SoilFlexibility::Settlements(const Vector& forces) const {
     Vector settlements(nodes_);
     for (std::size_t i = 0; i < nodes_; ++i) {
-        const float* const row = row_.data() + i * nodes_;
+        const float* const row = row_.get() + i * nodes_;
         double sum[4] = {};
         for (std::size_t j = 0; j < nodes_; ++j) {
             sum[j % 4] += double{row[j]} * forces[j];

@@ -7,6 +7,8 @@
 #include "hosts/slab/model.h"
 #include "hosts/slab/run_window.h"
 
+#include <memory>
+
 namespace slab {
 
 class SoilFlexibility {
@@ -22,7 +24,7 @@ class SoilFlexibility {
 
   private:
     std::size_t nodes_ = 0;
-    std::vector<float> row_; // nodes_ x nodes_
+    std::unique_ptr<float[]> row_; // nodes_ x nodes_
     long computed_ = 0;
 };
 
