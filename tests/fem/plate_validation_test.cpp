@@ -1,5 +1,5 @@
 // Plates with known deflections: values, convergence, reciprocity, settlements. The table that is
-// printed is the one that docs/validation_plates.md quotes.
+// printed is the one that docs/validation.md quotes.
 
 #include "fem_test_tools.h"
 
