@@ -93,11 +93,12 @@ TEST(Progress, RemainingTime) {
                           {360000, u"100:00:00"},
                           {59.5, u"00:00:60"},
                           {0.25, u"00:00:00"},
+                          {0.4962, u"00:00:01"}, // the time of day is rounded to 1/128 s
                           {-60, u"-01:59:00"}}) {
         ProgressForm f(200);
-        f.now = 64;
+        f.now = 65536;
         f.Step(1);
-        f.now = 64 + c.elapsed;
+        f.now = 65536 + c.elapsed;
         f.Step(100);
         EXPECT_EQ(f.TimeText(), c.text);
     }
@@ -105,6 +106,7 @@ TEST(Progress, RemainingTime) {
 
 TEST(Progress, Failures) {
     ProgressForm f(10);
+    EXPECT_EQ(ErrorOf([&] { f.Step(0); }), 11) << "0/0, and yet a division by zero";
     f.now = 50;
     EXPECT_EQ(ErrorOf([&] { f.Step(0); }), 11);
     EXPECT_EQ(ErrorOf([&] { f.fem.ProgressBarValue({}, 1, f.status.Reference()); }), 91);

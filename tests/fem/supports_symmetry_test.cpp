@@ -60,9 +60,13 @@ TEST(Supports, Failures) {
                                             list.NS, list.AufL);
         });
     };
-    EXPECT_EQ(run(10922, 1), 0); // equation 32765
     EXPECT_EQ(run(10923, 1), 6); // equation 32768
+    EXPECT_EQ(list.Read(), (Entries{{0, 0}})) << "the list grows before the equation is formed";
+    EXPECT_EQ(run(10922, 1), 0); // equation 32765
     EXPECT_EQ(run(1, 2), 9);
+    De(2) = u"none";
+    EXPECT_EQ(run(3, 1), 13);
+    EXPECT_EQ(list.Read(), (Entries{{8, 0}})) << "the equation comes before the value";
 }
 
 // Four nodes: 3 in the corner of the symmetry lines, 2 on x = xmax, 4 on y = ymax, 1 on neither

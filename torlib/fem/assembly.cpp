@@ -51,7 +51,8 @@ void FEM_Class::GlobalLoadVector(Array<Single>& Q, const Array<Single>& BE, Inte
     for (const int i : Range(1, NNode)) {
         for (const int ii : Range(1, NFreedom)) {
             const Integer equation = base(i) + ii;
-            Q(equation) = BE(Integer((i - 1) * NFreedom + ii)) + Q(equation);
+            const Integer element = (i - 1) * NFreedom + ii;
+            Q(equation) = BE(element) + Q(equation);
         }
     }
 }
@@ -71,7 +72,8 @@ void FEM_Class::AdditionalStiffness(Single NFreedom, Single NNode, Single NV,
             }
             for (const int k : Range(1, freedoms)) {
                 const Integer g = (j - 1) * freedoms + k;
-                ST(g, g) = Fk(Integer((s - 1) * freedoms + k)) + ST(g, g);
+                const Integer spring = (s - 1) * freedoms + k;
+                ST(g, g) = Fk(spring) + ST(g, g);
             }
         }
     }

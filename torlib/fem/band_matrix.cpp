@@ -88,11 +88,15 @@ bool FEM_Class::SetBoundaryToMatrix(Integer Nw, Integer NF, Array<Single>& A, Ar
     return CheckCancelRequest(FrmShow);
 }
 
-void AppendRestraint(Integer& NF, Array<Integer>& NS, Array<Single>& AufL, Integer equation,
-                     Single value) {
+void GrowRestraints(Integer& NF, Array<Integer>& NS, Array<Single>& AufL) {
     NF = NF + 1;
     NS.ReDimPreserve(NF);
     AufL.ReDimPreserve(NF);
+}
+
+void AppendRestraint(Integer& NF, Array<Integer>& NS, Array<Single>& AufL, int equation,
+                     Single value) {
+    GrowRestraints(NF, NS, AufL);
     NS(NF) = equation;
     AufL(NF) = value;
 }

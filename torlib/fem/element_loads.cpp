@@ -13,7 +13,9 @@ void FEM_Class::SetElementLoadVector(Array<Single>& BE, Single P, const Integer&
     if (NNode == 3) {
         SetTriElementLoadVector(BE, P, XE, YE);
     } else if (NNode == 4) {
-        SetRecElementLoadVector(BE, P, XE(2) - XE(1), YE(4) - YE(1));
+        const Single A = XE(2) - XE(1);
+        const Single B = YE(4) - YE(1);
+        SetRecElementLoadVector(BE, P, A, B);
     }
 }
 

@@ -18,7 +18,8 @@
 // Shared by all members: the equation number of degree of freedom j of node n is
 // (n - 1) * NFreedom + j; plates and grid beams carry (w, dw/dx, dw/dy) at a node, plane frames and
 // wall plates (u, v, rotation). A(n, l), l = 1..Nw, holds K(n, n + l - 1). A and Q carry Nw - 1
-// zero rows beyond the last equation.
+// zero rows beyond the last equation. An index such as n + l - 1 is formed as a whole and checked
+// against 16 bits where it is stored.
 
 #include "torlib/frame/arithmetic.h"
 #include "torlib/frame/enumerations.h"
@@ -52,8 +53,9 @@ class TORLIB_API FEM_Class {
     /// matrix. `Q(1..N3+Nw-1)` [in/out] load vector. `AufL(1..NF)` prescribed values. `NS(1..NF)`
     /// equation numbers. `FrmShow` form that is unloaded when the user cancels. Result: true when
     /// cancelled, with A and Q as they are at that moment. An equation that is listed twice keeps
-    /// the last of its values. Errors: 6 when an equation number leaves 16 bits; 9 for an index
-    /// outside the arrays. Source: Bathe (1996), Finite Element Procedures, section 4.2.2.
+    /// the last of its values. Errors: 6 when an equation number leaves 16 bits or a value
+    /// overflows; 9 for an index outside the arrays. Source: Bathe (1996), Finite Element
+    /// Procedures, section 4.2.2.
     bool SetBoundaryToMatrix(Integer Nw, Integer NF, Array<Single>& A, Array<Single>& Q,
                              const Array<Single>& AufL, const Array<Integer>& NS,
                              const Object& FrmShow = {}) const;
@@ -66,9 +68,10 @@ class TORLIB_API FEM_Class {
     /// unloaded when the user cancels. `PrograssBarMode` true shows the progress, one step an
     /// equation, on `FrmShow` and the status bar `ObjStbar`.
     /// Result: true when cancelled; A and Q are then partly reduced and must be built anew. An
-    /// equation whose diagonal is zero gets the solution 0.
-    /// Errors: 6 when a value overflows; 9 for an index outside the arrays; 424 when progress is
-    /// asked for without form or status bar.
+    /// equation whose diagonal is zero gets the solution 0. A handler that runs in an event
+    /// meanwhile must neither read nor resize A or Q: part of the band is kept elsewhere then.
+    /// Errors: 6 when a value overflows; 9 for an index outside the arrays; with progress those of
+    /// ProgressBarValue, such as 91 when form or status bar is missing.
     /// Source: Bathe (1996), Finite Element Procedures, section 8.2.
     /// Deviations: every entry is rounded to 32 bits after each update, in ascending pivot order; a
     /// zero diagonal becomes 1.0E-10 with a zero right-hand side.
@@ -82,8 +85,8 @@ class TORLIB_API FEM_Class {
     /// and the labels `lbltime` and `LblStufe`. `ProgressValue` step, 1..PrB.Max; step 1 starts the
     /// clock. `ObjStbar` status bar with `Visible`, `Panels` and `Refresh`.
     /// The remaining time is extrapolated from the time that the steps so far have taken.
-    /// Errors: 6 or 11 for step 0; 91 or 424 when form or status bar is missing; 438 when a control
-    /// is missing.
+    /// Errors: 11 for step 0; 91 when form or status bar is missing; 424 for a control that is no
+    /// object; 438 when a control is missing.
     /// Deviations: the seconds are rounded half away from zero, so 59.5 s reads "60"; a run across
     /// midnight shows a negative time.
     void ProgressBarValue(const Object& FrmShow, const Integer& ProgressValue,
@@ -124,7 +127,8 @@ class TORLIB_API FEM_Class {
     /// is too small. Source: Bazeley, Cheung, Irons and Zienkiewicz (1965), Triangular Elements in
     /// Plate Bending, Proc. 1st Conf. Matrix Methods in Structural Mechanics, 547-576. Deviations:
     /// integrated in closed form with the slopes along the sides 1-2 and 1-3, which are turned into
-    /// x-y slopes at the end, columns before rows, each step rounded to 32 bits.
+    /// x-y slopes at the end, columns before rows, each step rounded to 32 bits; the sum over
+    /// the six weights of an entry is one expression in double precision, stored once.
     void SetTriElementStiffness(Array<Single>& SK, Single e, Single T, Single bnu,
                                 const Array<Single>& x, const Array<Single>& Y) const;
 
@@ -133,7 +137,7 @@ class TORLIB_API FEM_Class {
     /// `BE` [out] re-dimensioned to 0..3 NNode, filled from 1. `P` pressure, positive along w.
     /// `NNode` number of nodes. `XE`, `YE(1..NNode)` corner coordinates as for the stiffness.
     /// Result: zero when NNode is neither 3 nor 4.
-    /// Errors: 9 for coordinates outside the arrays.
+    /// Errors: 6 when a value overflows; 9 for coordinates outside the arrays.
     void SetElementLoadVector(Array<Single>& BE, Single P, const Integer& NNode,
                               const Array<Single>& XE, const Array<Single>& YE) const;
 
@@ -141,7 +145,7 @@ class TORLIB_API FEM_Class {
     ///
     /// `BE(1..12)` [out]. `P` pressure, positive along w. `A`, `B` sides along x and y.
     /// Result: P A B / 4 at each deflection, +-P A^2 B / 24 and +-P A B^2 / 24 at the slopes.
-    /// Errors: 9 when BE is too small.
+    /// Errors: 6 when a value overflows; 9 when BE is too small.
     /// Source: Zienkiewicz and Taylor (2000), The Finite Element Method, vol. 2, section 4.3.
     void SetRecElementLoadVector(Array<Single>& BE, Single P, Single A, Single B) const;
 
@@ -150,8 +154,8 @@ class TORLIB_API FEM_Class {
     /// `BE(1..9)` [out]. `P` pressure, positive along w. `x`, `Y(1..3)` corner coordinates,
     /// counter-clockwise.
     /// Result: a third of the load at each deflection; zero for a triangle without area; a
-    /// clockwise triangle gives the negative vector. Errors: 9 when BE is too small. Source:
-    /// Bazeley, Cheung, Irons and Zienkiewicz (1965), as for the stiffness.
+    /// clockwise triangle gives the negative vector. Errors: 6 when a value overflows; 9 when BE is
+    /// too small. Source: Bazeley, Cheung, Irons and Zienkiewicz (1965), as for the stiffness.
     void SetTriElementLoadVector(Array<Single>& BE, Single P, const Array<Single>& x,
                                  const Array<Single>& Y) const;
 
@@ -161,8 +165,8 @@ class TORLIB_API FEM_Class {
     /// `NFreedom` degrees of freedom a node. `NNode` number of nodes. `Node(1..NNode)` their global
     /// numbers.
     /// Only the terms on and above the diagonal of the global matrix are taken.
-    /// Errors: 6 when an equation number leaves 16 bits; 9 for a row or band column outside A.
-    /// Terms that were added before an error stay.
+    /// Errors: 6 when an equation number leaves 16 bits or a value overflows; 9 for a row or band
+    /// column outside A. Terms that were added before an error stay.
     void GlobalStiffnessMatrix(Array<Single>& A, const Array<Single>& SK, Integer NFreedom,
                                Integer NNode, const Array<Integer>& Node) const;
 
@@ -170,7 +174,8 @@ class TORLIB_API FEM_Class {
     ///
     /// `Q` [in/out] load vector. `BE(1..NNode NFreedom)` element vector. `NFreedom` degrees of
     /// freedom a node. `NNode` number of nodes. `Node(1..NNode)` their global numbers. Errors: 6
-    /// when an equation number leaves 16 bits; 9 for an index outside the arrays.
+    /// when an equation number leaves 16 bits or a value overflows; 9 for an index outside the
+    /// arrays.
     void GlobalLoadVector(Array<Single>& Q, const Array<Single>& BE, Integer NFreedom,
                           Integer NNode, const Array<Integer>& Node) const;
 
@@ -181,7 +186,8 @@ class TORLIB_API FEM_Class {
     /// nodes. `Fk(1..NV NFreedom)` spring constants, node by node. `Node(1..NNode)` element nodes.
     /// `ST` [in/out] element matrix.
     /// A spring node receives its springs once for every element that is passed with it.
-    /// Errors: 6 when a count leaves 16 bits; 9 for an index outside the arrays.
+    /// Errors: 6 when a count leaves 16 bits or a value overflows; 9 for an index outside the
+    /// arrays.
     void AdditionalStiffness(Single NFreedom, Single NNode, Single NV, const Array<Integer>& KV,
                              const Array<Single>& Fk, const Array<Integer>& Node,
                              Array<Single>& ST) const;
@@ -203,8 +209,12 @@ class TORLIB_API FEM_Class {
     /// Appends the restraints of the symmetry lines of a wall plate.
     ///
     /// `Nk` number of nodes. `XGriD`, `YGriD(1..Nk)` node coordinates. `Isym` symmetry: X cases
-    /// about the line y = ymax, Y cases about x = xmax. `NF` [in/out] number of restraints. `AufL`,
-    /// `NS(1..NF)` [in/out] values and equation numbers, each equation once on return.
+    /// about the line y = ymax, Y cases about x = xmax, the largest coordinates of the nodes; a
+    /// node nearer to the line than 0.001 lies on it. `NF` [in/out] number of restraints. `AufL`,
+    /// `NS(1..NF)` [in/out] values and equation numbers, each equation once on return: first come,
+    /// first kept; Unsymmetric leaves the list alone.
+    /// Restrained to 0: v in the case X_symmetric, u in Y_Symmetric, u at xmax and v at ymax in
+    /// XY_Symmetric, u in X_AntiSymmetric, v in Y_AntiSymmetric.
     /// Errors: 6 when an equation number leaves 16 bits; 9 for an index outside the arrays.
     void SymmetricalBoundaryWall(Integer Nk, const Array<Single>& XGriD, const Array<Single>& YGriD,
                                  SymmetricCase Isym, Integer& NF, Array<Single>& AufL,
@@ -213,7 +223,8 @@ class TORLIB_API FEM_Class {
     /// Appends the restraints of the symmetry lines of a plane frame.
     ///
     /// `NE` number of members. `Np1`, `Np2(1..NE)` their start and end nodes. `XGriD`, `YGriD` node
-    /// coordinates. `Isym`, `NF`, `AufL`, `NS` as for the wall plate.
+    /// coordinates. `Isym`, `NF`, `AufL`, `NS` and the tolerance as for the wall plate.
+    /// Restrained to 0: as for the wall plate, and the rotation too in the symmetric cases.
     /// Errors: 6 when an equation number leaves 16 bits; 9 for an index outside the arrays.
     void SymmetricalBoundaryFrame(Integer NE, const Array<Integer>& Np1, const Array<Integer>& Np2,
                                   const Array<Single>& XGriD, const Array<Single>& YGriD,
@@ -222,7 +233,10 @@ class TORLIB_API FEM_Class {
 
     /// Appends the restraints of the symmetry lines of a plate.
     ///
-    /// Parameters and errors as for the wall plate.
+    /// Parameters, tolerance and errors as for the wall plate.
+    /// Restrained to 0: dw/dy in the case X_symmetric, dw/dx in Y_Symmetric, dw/dx at xmax and
+    /// dw/dy at ymax in XY_Symmetric, w and dw/dx in X_AntiSymmetric, w and dw/dy in
+    /// Y_AntiSymmetric.
     void SymmetricalBoundaryPlate(Integer Nk, const Array<Single>& XGriD,
                                   const Array<Single>& YGriD, SymmetricCase Isym, Integer& NF,
                                   Array<Single>& AufL, Array<Integer>& NS) const;

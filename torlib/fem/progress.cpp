@@ -34,13 +34,26 @@ String ClockText(Single R) {
     return TwoDigits(hours) + u":" + TwoDigits(minutes) + u":" + TwoDigits(seconds);
 }
 
+bool AtEnd(const Object& bar) {
+    const Single value = Read(bar, u"Value");
+    const Single max = Read(bar, u"Max");
+    return value == max;
+}
+
 void ShowRemainingTime(const Object& bar, const Object& label, Single startTime) {
     label.Put(u"Visible", true);
-    const Single elapsed = SecondsSinceMidnight() - startTime;
-    const Single R = (Read(bar, u"Max") - Read(bar, u"Value")) * (elapsed / Read(bar, u"Value"));
+    const Single now = SecondsSinceMidnight();
+    const Single elapsed = now - startTime;
+    // Named, so that the host is asked in the same order whatever the compiler.
+    const Single max = Read(bar, u"Max");
+    const Single value = Read(bar, u"Value");
+    if (value == 0) {
+        RaiseError(ErrorNumber::DivisionByZero, "the step 0 has no remaining time");
+    }
+    const Single R = (max - value) * (elapsed / value);
     label.Put(u"Caption",
               Companions().Language().LoadText(RemainingTimeText, {}) + u" " + ClockText(R));
-    if (Read(bar, u"Value") == Read(bar, u"Max")) {
+    if (AtEnd(bar)) {
         label.Put(u"Visible", false);
     }
 }
@@ -69,8 +82,7 @@ void FEM_Class::ProgressBarValue(const Object& FrmShow, const Integer& ProgressV
     stepLabel.Put(u"Caption", Companions().Language().LoadText(
                                   StepText, {u"|1", ProgressValue, u"|2", bar.Get(u"Max")}));
     if (ObjStbar.Get(u"Visible").ToBoolean()) {
-        const bool finished = Read(bar, u"Value") == Read(bar, u"Max");
-        ShowStatus(ObjStbar, finished ? u"" : u"  " + stepLabel.Get(u"Caption").ToText());
+        ShowStatus(ObjStbar, AtEnd(bar) ? u"" : u"  " + stepLabel.Get(u"Caption").ToText());
     }
     DoEvents();
 }

@@ -7,11 +7,17 @@
 
 namespace torlib {
 
-/// Appends one restraint.
+/// Makes room for one restraint more.
 ///
 /// `NF` [in/out] count, raised by 1. `NS`, `AufL` [in/out] grown to 0..NF, contents kept.
-/// Errors: 6 when the count or the equation number leaves 16 bits.
-void AppendRestraint(Integer& NF, Array<Integer>& NS, Array<Single>& AufL, Integer equation,
+/// Errors: 6 when the count leaves 16 bits.
+void GrowRestraints(Integer& NF, Array<Integer>& NS, Array<Single>& AufL);
+
+/// Appends one restraint.
+///
+/// Parameters as for GrowRestraints. Errors: 6 when the count leaves 16 bits, or the equation
+/// number does; the list has then grown by a zero entry.
+void AppendRestraint(Integer& NF, Array<Integer>& NS, Array<Single>& AufL, int equation,
                      Single value);
 
 /// Keeps the first entry of every equation, in the order of the list.

@@ -35,8 +35,10 @@ void FEM_Class::SetBoundaryInSystem(Integer NFreedom, Integer NDesp, Integer NA,
         for (const int j : Range(1, NFreedom)) {
             const String& condition = De(Integer((i - 1) * NFreedom + j));
             if (!IsFree(condition)) {
-                AppendRestraint(NF, NS, AufL, (KA(i) - 1) * NFreedom + j,
-                                utility.ConvertToSingle(condition));
+                // In this order, since an error leaves the caller what was done before it.
+                GrowRestraints(NF, NS, AufL);
+                NS(NF) = (KA(i) - 1) * NFreedom + j;
+                AufL(NF) = utility.ConvertToSingle(condition);
             }
         }
     }
