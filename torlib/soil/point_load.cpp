@@ -6,7 +6,8 @@ namespace torlib {
 namespace {
 
 Real SpatialDistance(Real dx, Real dy, Real z) {
-    return Sqrt(dx * dx + dy * dy + z * z);
+    const Real r = Sqrt(dx * dx + dy * dy);
+    return Sqrt(r * r + z * z);
 }
 
 Real FifthPower(Real R) {
@@ -41,7 +42,9 @@ Single Soil_Class::Sz_P_ST(const Single& x1, const Single& x2, const Single& y1,
                            const Single& ZG) const {
     const MemberScope scope("Soil_Class.Sz_P_ST");
     const Real z = ZG;
-    const Real R = SpatialDistance(x1 - x2, y1 - y2, z);
+    const Real dx = x1 - x2;
+    const Real dy = y1 - y2;
+    const Real R = Sqrt(dx * dx + dy * dy + z * z);
     return 3 * (z * z * z) / (2 * Pi * FifthPower(R));
 }
 
@@ -69,9 +72,12 @@ Single Soil_Class::Txy_P_ST(const Single& x1, const Single& x2, const Single& y1
         return 0;
     }
     const Real R = SpatialDistance(dx, dy, z);
-    const Real ab = Abs(dx) * Abs(dy);
-    const Real elastic = ab * (2 * R + z) / (R * R * R * ((R + z) * (R + z)));
-    const Real magnitude = 3 / (2 * Pi) * (ab * z / FifthPower(R) - (1 - 2 * Anue) / 3 * elastic);
+    const Real a = Abs(dx);
+    const Real b = Abs(dy);
+    const Real direct = a * b * z / FifthPower(R);
+    const Real lateral =
+        (1 - 2 * Anue) / 3 * a * b * (2 * R + z) / (R * R * R * ((R + z) * (R + z)));
+    const Real magnitude = 3 / (2 * Pi) * (direct - lateral);
     return Sgn(dx) == Sgn(dy) ? -magnitude : magnitude;
 }
 
