@@ -78,6 +78,16 @@ TEST(SectionProperties, OfDegenerateAndShortInput) {
     shortList.N = 3;
     geometry.Querschnittswerte(shortList.N, shortList.x, shortList.Y, area);
     EXPECT_FLOAT_EQ(area.Value(), 4);
+    Outline huge({{0, 0}, {0x1p70, 0}, {0x1p70, 1}});
+    Single sums[] = {9, 9, 9};
+    EXPECT_EQ(ErrorOf([&] {
+                  geometry.Querschnittswerte(huge.N, huge.x, huge.Y, area, {}, {}, sums[0], sums[1],
+                                             sums[2]);
+              }),
+              6);
+    EXPECT_EQ(area.Value(), 0x1p69) << "the caller's variables hold the sums up to the overflow";
+    EXPECT_EQ(sums[1].Value(), 0);
+    EXPECT_EQ(ErrorOf([&] { geometry.SortingPolygonPoints(-1, line.x, line.Y, line.Node); }), 9);
     for (const int N : {0, 32767}) {
         EXPECT_EQ(ErrorOf([&] { geometry.Querschnittswerte(N, line.x, line.Y, area); }), 6);
     }

@@ -14,6 +14,8 @@ class OptionalRef {
     OptionalRef(T& target) : target_(&target) {}
 
     bool Present() const noexcept { return target_ != nullptr; }
+    /// The caller's variable, for a member that computes in it; `standIn` when it was left out.
+    T& Or(T& standIn) const noexcept { return target_ ? *target_ : standIn; }
     void Set(const T& value) const {
         if (target_) {
             *target_ = value;

@@ -36,8 +36,8 @@ class TORLIB_API Geometry_Class {
     /// `Ix`, `Iy` [out] second moments about the horizontal and the vertical axis through the
     /// centroid. `Ixy` [out] product moment, positive in the first quadrant. The outline must be
     /// star-shaped about its mean point. Corners beyond the caller's data count as (0, 0). Errors:
-    /// 6 for N = 0 or 32767, and for an overflow; 9 for a negative N. Source: Steger (1996), On the
-    /// calculation of moments of polygons.
+    /// 6 for N = 0 or 32767, and for an overflow, which leaves the sums as far as they had come;
+    /// 9 for a negative N. Source: Steger (1996), On the calculation of moments of polygons.
     void Querschnittswerte(const Integer& N, Array<Single>& x, Array<Single>& Y, Single& A,
                            OptionalRef<Single> Xs = {}, OptionalRef<Single> Ys = {},
                            OptionalRef<Single> Ix = {}, OptionalRef<Single> Iy = {},
@@ -68,7 +68,8 @@ class TORLIB_API Geometry_Class {
     ///
     /// `N` number of points. `x`, `Y(1..N)` [in/out] the points. `Node(1..N)` [in/out] numbers that
     /// go with the points. Equal directions keep their order; a point at the mean point counts as
-    /// straight below. Errors: 6 for N = 0 or 32767; 9 for a count beyond the arrays.
+    /// straight below. Errors: 6 for N = 0 or 32767; 9 for a negative N, with nothing moved, or a
+    /// count beyond the arrays.
     void SortingPolygonPoints(const Integer& N, Array<Single>& x, Array<Single>& Y,
                               Array<Integer>& Node) const;
 

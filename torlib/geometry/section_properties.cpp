@@ -33,15 +33,21 @@ Single Mean(int N, const Array<Single>& values) {
     return Real(sum) / N;
 }
 
-/// Running sums over the sides of a polygon: area, first and second moments about the origin.
+/// Running sums over the sides of a polygon: area, first and second moments about the origin. The
+/// caller's variables hold them, so that an overflow leaves what was summed before it.
 struct Moments {
-    Single A = 0;
+    Single& A;
+    Single& Ix;
+    Single& Iy;
+    Single& Ixy;
     Single Sx = 0;
     Single Sy = 0;
-    Single Ix = 0;
-    Single Iy = 0;
-    Single Ixy = 0;
 
+    void Clear() {
+        for (Single* sum : {&A, &Ix, &Iy, &Ixy, &Sx, &Sy}) {
+            *sum = 0;
+        }
+    }
     /// Adds the triangle of the origin and the side from point 1 to point 2.
     void Add(Single x1, Single y1, Single x2, Single y2) {
         const Single a = (x1 * y2 - x2 * y1) / 2;
@@ -92,22 +98,24 @@ void Geometry_Class::Querschnittswerte(const Integer& N, Array<Single>& x, Array
     x(closed) = x(1);
     Y(closed) = Y(1);
 
-    Moments sum;
+    Single leftOut[5];
+    Single& xCentre = Xs.Or(leftOut[0]);
+    Single& yCentre = Ys.Or(leftOut[1]);
+    Moments sum{A, Ix.Or(leftOut[2]), Iy.Or(leftOut[3]), Ixy.Or(leftOut[4])};
+    sum.Clear();
     for (int i : Range(1, N)) {
         sum.Add(x(i), Y(i), x(i + 1), Y(i + 1));
     }
-    Single xCentre = x(1);
-    Single yCentre = Y(1);
-    if (sum.A != 0) {
-        yCentre = sum.Sx / sum.A;
-        xCentre = sum.Sy / sum.A;
+    if (A != 0) {
+        yCentre = sum.Sx / A;
+        xCentre = sum.Sy / A;
+    } else {
+        xCentre = x(1);
+        yCentre = Y(1);
     }
-    A = sum.A;
-    Xs.Set(xCentre);
-    Ys.Set(yCentre);
-    Ix.Set(sum.Ix - yCentre * yCentre * sum.A);
-    Iy.Set(sum.Iy - xCentre * xCentre * sum.A);
-    Ixy.Set(sum.Ixy - sum.A * xCentre * yCentre);
+    sum.Ix = sum.Ix - yCentre * yCentre * A;
+    sum.Iy = sum.Iy - xCentre * xCentre * A;
+    sum.Ixy = sum.Ixy - A * xCentre * yCentre;
 }
 
 } // namespace torlib
