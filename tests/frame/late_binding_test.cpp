@@ -135,6 +135,15 @@ TEST_F(LateBinding, ByReferenceArgumentsComeBackInTheTypeOfTheVariable) {
               "Probe.Change: too many (error 5)");
     EXPECT_EQ(count, 120) << "also when the member fails";
     EXPECT_EQ(text, u"a!!");
+    // What the member leaves as it came in is not written back.
+    count = 1;
+    length = 0.10000000001;
+    std::int32_t none = 0;
+    Variant empty;
+    probe.Invoke(u"Change", {ByRef(count), ByRef(length), u"", true});
+    EXPECT_EQ(length, 0.10000000001) << "a double keeps its digits";
+    probe.Invoke(u"Change", {ByRef(empty), ByRef(none), u"", true});
+    EXPECT_TRUE(empty.IsEmpty());
     length = 0.1;
     EXPECT_NE(ErrorText([&] { probe.Invoke(u"Change", {1, ByRef(length), u"", u"x"}); }), "");
     EXPECT_EQ(length, 0.1) << "but not when it was never called";

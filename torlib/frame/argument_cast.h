@@ -1,12 +1,13 @@
 #pragma once
 // From a late-bound argument to a typed parameter and back: conversion with error 13, defaults of
-// arguments that were left out, arrays without a copy, by-reference scalars written back (also when
-// the member fails).
+// arguments that were left out, arrays without a copy, by-reference scalars written back when the
+// member changed them (also when it fails).
 
 #include "torlib/frame/arithmetic.h"
 #include "torlib/frame/optional_ref.h"
 #include "torlib/platform/component/variant.h"
 
+#include <cstring>
 #include <string_view>
 #include <type_traits>
 
@@ -134,6 +135,16 @@ Variant ToVariant(const T& value) {
     }
 }
 
+/// Whether two stored values have the same bits: 0 and -0 differ.
+template <class T>
+bool Same(const T& a, const T& b) {
+    if constexpr (std::is_trivially_copyable_v<T>) {
+        return std::memcmp(&a, &b, sizeof(T)) == 0;
+    } else {
+        return a == b;
+    }
+}
+
 /// Converts, and names the parameter in the error of a failed conversion.
 template <class T>
 T Convert(const CastSource& source) {
@@ -165,12 +176,13 @@ class ArgumentCast {
     T value_;
 };
 
-/// A scalar that the member may change.
+/// A scalar that the member may change. One that it leaves alone is not written back: a double
+/// keeps the digits that a 32-bit parameter cannot hold, an empty variant stays empty.
 template <class T>
 requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T>) class ArgumentCast<T&> {
   public:
     explicit ArgumentCast(const CastSource& source)
-        : target_(source.Value), value_(table::Convert<T>(source)) {}
+        : target_(source.Value), value_(table::Convert<T>(source)), before_(value_) {}
     ArgumentCast(const ArgumentCast&) = delete;
     ArgumentCast& operator=(const ArgumentCast&) = delete;
     ~ArgumentCast() {
@@ -189,12 +201,15 @@ requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T>) class Argument
     }
     void Finish() {
         finished_ = true;
-        target_.Assign(table::ToVariant(value_));
+        if (!table::Same(value_, before_)) {
+            target_.Assign(table::ToVariant(value_));
+        }
     }
 
   private:
     const Variant& target_;
     T value_;
+    T before_;
     bool handedOut_ = false; // a call that never began leaves the variable alone
     bool finished_ = false;
 };
