@@ -131,6 +131,9 @@ TEST_F(TORVA, BlanksAndListingLinesAlign) {
     String line;
     torva.SetLineList(line, u"", u"\u0644\u0627", u"\u0644\u0627", u"", 0, 3);
     EXPECT_EQ(ToUtf8(line), ToUtf8(u"\u0644\u0627 \u0644\u0627  = \r\n")) << "as two in the others";
+    line = u"ab";
+    torva.SetLineList(line, line, line, line, line, 3, 4);
+    EXPECT_EQ(ToUtf8(line), "abab ab  ab   = ab\r\n") << "the listing as it was before the call";
 }
 
 /// Answers with what it was asked, or fails.

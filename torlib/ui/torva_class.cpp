@@ -70,9 +70,12 @@ void TORVAClass::WriteExitcontrol(Long NewValue) const {
     ExitControlState() = NewValue;
 }
 
-void TORVAClass::SetLineList(String& ResultText, const String& LineText, const String& LineSymbol,
-                             const String& LineUnit, const String& LineValue, Integer TabNode,
+// The texts are copies: any of them may be the listing that grows here.
+// NOLINTBEGIN(performance-unnecessary-value-param)
+void TORVAClass::SetLineList(String& ResultText, String LineText, String LineSymbol,
+                             String LineUnit, String LineValue, Integer TabNode,
                              Integer TabNo) const {
+    // NOLINTEND(performance-unnecessary-value-param)
     const MemberScope scope("TORVAClass.SetLineList");
     ResultText += LineText + Filling(TabNode, LineText, LigatureCount(LineText));
     ResultText += LineSymbol + Filling(TabNo, LineSymbol);

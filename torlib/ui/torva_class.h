@@ -63,11 +63,10 @@ class TORLIB_API TORVAClass {
     /// `ResultText` [in/out] the listing. `LineText`, `LineSymbol`, `LineUnit` columns. `LineValue`
     /// value, as the utility service formats it. `TabNode` width of the first column. `TabNo` width
     /// of the second and third. A pair of the Arabic letters lam and alef is shown as one sign and
-    /// counts as one in the first column. A column never cuts its text.
-    /// Errors: those of the utility service; what was appended before stays.
-    void SetLineList(String& ResultText, const String& LineText, const String& LineSymbol,
-                     const String& LineUnit, const String& LineValue, Integer TabNode,
-                     Integer TabNo) const;
+    /// counts as one in the first column. A column never cuts its text; the listing itself may be
+    /// one. Errors: those of the utility service; what was appended before stays.
+    void SetLineList(String& ResultText, String LineText, String LineSymbol, String LineUnit,
+                     String LineValue, Integer TabNode, Integer TabNo) const;
 };
 
 } // namespace torlib
