@@ -85,6 +85,7 @@ TEST(Records, KeepTheirFieldsInOrderAndIndexZero) {
     EXPECT_EQ(offsetof(FElementType, Node), 4U);
     EXPECT_EQ(offsetof(FElementType, Side), 16U);
     EXPECT_EQ(offsetof(PlaneData, H), 24U);
+    EXPECT_EQ(static_cast<Long>(FElementType{}.Type), 0) << "a fresh record is zero everywhere";
     EXPECT_EQ(FElementType{}.Node[0], 0) << "index 0 is there, though the routines start at 1";
 }
 

@@ -12,14 +12,20 @@
 
 #include "torlib/platform/component/array.h"
 
+#include <cfloat>
 #include <cmath>
 #include <compare>
 #include <concepts>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <type_traits>
 
 namespace torlib {
+
+// The same digits on every machine need the same number formats and no wider intermediate values.
+static_assert(std::numeric_limits<float>::is_iec559 && std::numeric_limits<double>::is_iec559);
+static_assert(FLT_EVAL_METHOD == 0);
 
 class Single;
 class Integer;

@@ -40,7 +40,7 @@ struct FVertex {
 
 /// A mesh element with its corner nodes; index 0 of both arrays is not used.
 struct FElementType {
-    ElementType Type = ElementType::TriangularElement;
+    ElementType Type{};            ///< number of corners; 0 in a fresh record
     std::array<Integer, 5> Node{}; ///< corner node numbers in Node[1..Type]
     std::array<Long, 5> Side{};    ///< flags of the side from Node[j] to the next node
 };
