@@ -7,7 +7,9 @@
 #include "torlib/frame/optional_ref.h"
 #include "torlib/platform/component/variant.h"
 
-#include <cstring>
+#include <array>
+#include <bit>
+#include <cstddef>
 #include <string_view>
 #include <type_traits>
 
@@ -139,7 +141,8 @@ Variant ToVariant(const T& value) {
 template <class T>
 bool Same(const T& a, const T& b) {
     if constexpr (std::is_trivially_copyable_v<T>) {
-        return std::memcmp(&a, &b, sizeof(T)) == 0;
+        using Bytes = std::array<std::byte, sizeof(T)>;
+        return std::bit_cast<Bytes>(a) == std::bit_cast<Bytes>(b);
     } else {
         return a == b;
     }
