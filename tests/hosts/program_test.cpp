@@ -1,0 +1,209 @@
+// The program as a user meets it: exit codes, files written or not, messages, results.
+
+#include "tests/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string FileText(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+/// A folder with a project in it, and the program run there.
+class Program : public testing::Test {
+  protected:
+    struct Outcome {
+        int code;
+        std::string out, err;
+    };
+
+    fs::path In(const std::string& name) const { return folder_.File(name); }
+
+    void Save(const std::string& name, const std::string& text) const {
+        std::ofstream(In(name), std::ios::binary) << text;
+    }
+
+    /// Starts the program in the folder; its streams go to files.
+    pid_t Start(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), SLAB_PROGRAM);
+        const pid_t child = fork();
+        if (child == 0) {
+            fs::current_path(In("."));
+            (void)!std::freopen("out.txt", "w", stdout);
+            (void)!std::freopen("err.txt", "w", stderr);
+            std::vector<char*> pointers;
+            for (std::string& argument : arguments) {
+                pointers.push_back(argument.data());
+            }
+            pointers.push_back(nullptr);
+            execv(pointers[0], pointers.data());
+            _exit(99);
+        }
+        return child;
+    }
+    Outcome Wait(pid_t child) const {
+        int status = 0;
+        waitpid(child, &status, 0);
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status),
+                FileText(In("out.txt")), FileText(In("err.txt"))};
+    }
+    Outcome Run(const std::vector<std::string>& arguments) const { return Wait(Start(arguments)); }
+
+    /// A project of four elements a side, with the given lines for supports and soil.
+    static std::string Project(const std::string& rest, int count = 4) {
+        return "[mesh]\nx = { count = " + std::to_string(count) +
+               ", length = 4 }\ny = { count = " + std::to_string(count) +
+               ", length = 4 }\n[slab]\nthickness = 0.2\nmodulus = 3e7\npoisson = 0.2\n"
+               "[[loads.uniform]]\npressure = 10\n" +
+               rest;
+    }
+
+    torlib::test::TemporaryFolder folder_;
+};
+
+const char* const half_space = "[soil]\nkind = \"half-space\"\nmodulus = 20000\npoisson = 0.3\n";
+
+TEST_F(Program, ShippedExamplesBalanceAndConverge) {
+    const std::string list = Run({"--examples"}).out;
+    std::istringstream lines(list);
+    int count = 0;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.empty() || line[0] == ' ') {
+            continue;
+        }
+        ++count;
+        ASSERT_EQ(Run({"--example", line}).code, 0) << line;
+        const Outcome run =
+            Run({line + ".toml", "--json", "r.json", "--report", "r.txt", "--quiet"});
+        ASSERT_EQ(run.code, 0) << line << run.err;
+        const auto json = nlohmann::json::parse(FileText(In("r.json")));
+        EXPECT_LT(json["balance"]["relative_error"], 1e-6) << line;
+        EXPECT_TRUE(json["iteration"]["converged"]) << line;
+        EXPECT_LE(json["iteration"]["cycles"].size(), 30U) << line;
+        EXPECT_LT(json["digits"]["residual_after"], 1e-9) << line;
+        EXPECT_EQ(run.err, "") << line;
+    }
+    EXPECT_GE(count, 5);
+    EXPECT_EQ(Run({"--example", "slab-floor"}).code, 3) << "an existing file is kept";
+    EXPECT_EQ(Run({"--example", "no-such"}).code, 2);
+}
+
+TEST_F(Program, ResultsStandInTheProjectsUnits) {
+    const std::string soil = "[soil]\nkind = \"winkler\"\nsubgrade = 5000\n";
+    Save("metric.toml", Project(soil));
+    // The same slab in millimetres and newtons: 10 kN/m2 = 0.01 N/mm2, 5000 kN/m3 = 0.005 N/mm3.
+    Save("mm.toml",
+         "[units]\nlength = \"mm\"\nforce = \"N\"\nsettlement = \"mm\"\n[mesh]\n"
+         "x = { count = 4, length = 4000 }\ny = { count = 4, length = 4000 }\n[slab]\n"
+         "thickness = 200\nmodulus = 3e4\npoisson = 0.2\n[[loads.uniform]]\npressure = 0.01\n"
+         "[soil]\nkind = \"winkler\"\nsubgrade = 0.005\n");
+    const auto results = [this](const char* project) {
+        const Outcome run = Run({project, "--json", "-", "--quiet"});
+        EXPECT_EQ(run.code, 0) << run.err;
+        return nlohmann::json::parse(run.out);
+    };
+    const auto metric = results("metric.toml");
+    const auto small = results("mm.toml");
+    EXPECT_EQ(metric["units"]["settlement"], "cm");
+    EXPECT_EQ(small["units"]["pressure"], "N/mm2");
+    for (const std::size_t node : {0U, 7U, 12U}) {
+        const auto& a = metric["nodes"][node];
+        const auto& b = small["nodes"][node];
+        EXPECT_NEAR(double(a["settlement"]) * 10, b["settlement"], 1e-5);
+        EXPECT_NEAR(double(a["pressure"]) / 1000, b["pressure"], 1e-7);
+        EXPECT_NEAR(double(a["mx"]) * 1000, b["mx"], 1e-2);
+        EXPECT_NEAR(double(a["x"]) * 1000, b["x"], 1e-9);
+    }
+    EXPECT_NEAR(metric["balance"]["loads"], 160, 1e-6);
+    EXPECT_NEAR(small["balance"]["loads"], 160000, 1e-3);
+}
+
+TEST_F(Program, ReportIsAListingAndPictureIsDrawn) {
+    Save("p.toml", Project(half_space));
+    ASSERT_EQ(Run({"p.toml", "--report", "r.txt", "--picture", "r.svg", "--quiet"}).code, 0);
+    const std::string report = FileText(In("r.txt"));
+    EXPECT_NE(
+        report.find("Equations                                             -        = 75\r\n"),
+        std::string::npos);
+    EXPECT_EQ(report.find("nan"), std::string::npos);
+    std::size_t bare = 0;
+    for (std::size_t i = 0; i < report.size(); ++i) {
+        bare += report[i] == '\n' && (i == 0 || report[i - 1] != '\r');
+    }
+    EXPECT_EQ(bare, 0U) << "listing lines end in carriage return and line feed";
+    const std::string picture = FileText(In("r.svg"));
+    EXPECT_EQ(picture.rfind("<svg", 0), 0U);
+    EXPECT_NE(picture.find("</svg>"), std::string::npos);
+}
+
+TEST_F(Program, PlainKeepsTheSolutionAndSaysSo) {
+    Save("p.toml", Project(half_space, 12));
+    const Outcome plain = Run({"p.toml", "--plain"});
+    EXPECT_EQ(plain.code, 0) << plain.err;
+    EXPECT_NE(plain.out.find("not corrected"), std::string::npos);
+    EXPECT_EQ(Run({"p.toml"}).out.find("not corrected"), std::string::npos);
+}
+
+TEST_F(Program, ExitCodesAndMessages) {
+    Save("good.toml", Project(half_space));
+    Save("mechanism.toml", Project("[[supports]]\nat = [0, 0]\nw = 0\n[soil]\nkind = \"none\"\n"));
+    Save("unheld.toml", Project(""));
+    std::string negative = Project(half_space);
+    negative.replace(negative.find("0.2"), 3, "-.2");
+    Save("negative.toml", negative);
+    struct Case {
+        std::vector<std::string> arguments;
+        int code;
+        const char* says;
+    };
+    const Case cases[] = {
+        {{"good.toml", "--validate"}, 0, ""},
+        {{"mechanism.toml"}, 1, "node"},
+        {{"unheld.toml"}, 2, "unheld.toml"},
+        {{"negative.toml"}, 2, "negative.toml:5:"},
+        {{"absent.toml"}, 2, "absent.toml"},
+        {{"."}, 2, "."},
+        {{"good.toml", "--nonsense"}, 2, "--nonsense"},
+        {{}, 2, "project file"},
+        {{"good.toml", "--json", "no/such/folder.json"}, 3, "no/such/folder.json"},
+        {{"good.toml", "--report", "."}, 3, "folder"},
+        {{"--version"}, 0, ""},
+        {{"--help"}, 0, ""},
+    };
+    for (const Case& c : cases) {
+        const Outcome run = Run(c.arguments);
+        EXPECT_EQ(run.code, c.code) << testing::PrintToString(c.arguments) << run.err;
+        EXPECT_NE(run.err.find(c.says), std::string::npos) << run.err;
+    }
+}
+
+TEST_F(Program, InterruptCancelsAndLeavesNoFile) {
+    Save("large.toml", Project(half_space, 90));
+    const pid_t child = Start({"large.toml", "--json", "r.json", "--report", "r.txt"});
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    kill(child, SIGINT);
+    const Outcome run = Wait(child);
+    EXPECT_EQ(run.code, 130);
+    EXPECT_NE(run.err.find("cancelled"), std::string::npos);
+    for (const auto& entry : fs::directory_iterator(In("."))) {
+        EXPECT_NE(entry.path().filename().string().rfind("r.", 0), 0U) << entry.path();
+    }
+}
+
+} // namespace
