@@ -1,5 +1,6 @@
 #include "torlib/frame/class_object.h"
 
+#include "torlib/platform/component/counted_object.h"
 #include "torlib/platform/component/nearest_names.h"
 
 #include <array>
@@ -70,37 +71,17 @@ void PlaceArguments(const Member& member, std::span<Argument> arguments, Places&
     }
 }
 
-class ClassObject final : public Dispatch {
+class ClassObject final : public CountedObject<Dispatch> {
   public:
     ClassObject(const ClassInfo& info, void* instance, bool owner)
-        : info_(info), instance_(instance), owner_(owner) {
+        : CountedObject(0), info_(info), instance_(instance), owner_(owner) {
         ++live_objects;
     }
-    ClassObject(const ClassObject&) = delete;
-    ClassObject& operator=(const ClassObject&) = delete;
-    virtual ~ClassObject() {
+    ~ClassObject() override {
         if (owner_) {
             info_.Destroy(instance_);
         }
         --live_objects;
-    }
-
-    Result QueryInterface(const Guid& interface, void** object) override {
-        if (interface != IidUnknown && interface != IidDispatch && interface != info_.InterfaceId) {
-            *object = nullptr;
-            return Result::NoInterface;
-        }
-        AddRef();
-        *object = static_cast<Dispatch*>(this);
-        return Result::Ok;
-    }
-    std::uint32_t AddRef() override { return ++references_; }
-    std::uint32_t Release() override {
-        const std::uint32_t left = --references_;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
     }
 
     /// The one place where exceptions become error records.
@@ -123,6 +104,11 @@ class ClassObject final : public Dispatch {
         return Result::Exception;
     }
 
+  protected:
+    bool Answers(const Guid& interface) const override {
+        return interface == IidDispatch || interface == info_.InterfaceId;
+    }
+
   private:
     void Run(std::u16string_view name, InvokeKind kind, std::span<Argument> arguments,
              Variant* result) {
@@ -140,7 +126,6 @@ class ClassObject final : public Dispatch {
     const ClassInfo& info_;
     void* instance_;
     bool owner_;
-    std::atomic<std::uint32_t> references_{0};
 };
 
 } // namespace

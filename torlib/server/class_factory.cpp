@@ -1,6 +1,7 @@
 #include "torlib/server/class_factory.h"
 
 #include "torlib/frame/class_object.h"
+#include "torlib/platform/component/counted_object.h"
 
 #include <atomic>
 
@@ -10,30 +11,10 @@ namespace {
 
 std::atomic<long> server_holds{0};
 
-class Factory final : public ClassFactory {
+class Factory final : public CountedObject<ClassFactory> {
   public:
-    explicit Factory(const ClassInfo& info) : info_(info) { ++server_holds; }
-    Factory(const Factory&) = delete;
-    Factory& operator=(const Factory&) = delete;
-    virtual ~Factory() { --server_holds; }
-
-    Result QueryInterface(const Guid& interface, void** object) override {
-        if (interface != IidUnknown && interface != IidClassFactory) {
-            *object = nullptr;
-            return Result::NoInterface;
-        }
-        AddRef();
-        *object = static_cast<ClassFactory*>(this);
-        return Result::Ok;
-    }
-    std::uint32_t AddRef() override { return ++references_; }
-    std::uint32_t Release() override {
-        const std::uint32_t left = --references_;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
-    }
+    explicit Factory(const ClassInfo& info) : CountedObject(1), info_(info) { ++server_holds; }
+    ~Factory() override { --server_holds; }
 
     Result CreateInstance(const Guid& interface, void** object) override {
         *object = nullptr;
@@ -48,9 +29,11 @@ class Factory final : public ClassFactory {
         return Result::Ok;
     }
 
+  protected:
+    bool Answers(const Guid& interface) const override { return interface == IidClassFactory; }
+
   private:
     const ClassInfo& info_;
-    std::atomic<std::uint32_t> references_{1};
 };
 
 } // namespace

@@ -1,9 +1,9 @@
 #include "torlib/platform/component/dynamic_object.h"
 
+#include "torlib/platform/component/counted_object.h"
 #include "torlib/platform/component/nearest_names.h"
 
 #include <algorithm>
-#include <atomic>
 #include <deque>
 
 namespace torlib {
@@ -19,28 +19,9 @@ struct Slot {
 
 } // namespace
 
-class DynamicObject::Body final : public Dispatch {
+class DynamicObject::Body final : public CountedObject<Dispatch> {
   public:
-    explicit Body(std::string name) : name_(std::move(name)) {}
-    virtual ~Body() = default;
-
-    Result QueryInterface(const Guid& interface, void** object) override {
-        if (interface != IidUnknown && interface != IidDispatch) {
-            *object = nullptr;
-            return Result::NoInterface;
-        }
-        AddRef();
-        *object = static_cast<Dispatch*>(this);
-        return Result::Ok;
-    }
-    std::uint32_t AddRef() override { return ++references_; }
-    std::uint32_t Release() override {
-        const std::uint32_t left = --references_;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
-    }
+    explicit Body(std::string name) : CountedObject(0), name_(std::move(name)) {}
 
     Result Invoke(std::u16string_view member, InvokeKind kind, std::span<Argument> arguments,
                   Variant* result, ErrorRecord* error) override {
@@ -77,6 +58,9 @@ class DynamicObject::Body final : public Dispatch {
                    name_ + " has no member " + ToUtf8(name) + Suggestion(ToUtf8(name), known));
     }
 
+  protected:
+    bool Answers(const Guid& interface) const override { return interface == IidDispatch; }
+
   private:
     Slot* Find(std::u16string_view name) {
         const auto at = std::find_if(slots_.begin(), slots_.end(), [name](const Slot& slot) {
@@ -107,7 +91,6 @@ class DynamicObject::Body final : public Dispatch {
 
     std::string name_;
     std::deque<Slot> slots_; // a watcher may define members while one is being written
-    std::atomic<std::uint32_t> references_{0};
 };
 
 DynamicObject::DynamicObject(std::string name) : body_(new Body(std::move(name))), object_(body_) {}
