@@ -80,8 +80,12 @@ DynamicObject HostWindow::Watched(const std::string& name,
 GeneratedArguments::GeneratedArguments(const Member& member, unsigned seed, unsigned shape)
     : random_(seed) {
     for (std::size_t i = 0; i < member.Count; ++i) {
-        values_.push_back(Make(member.Parameters[i], member.Types[i], (shape & 1) != 0));
-        shape >>= member.Types[i].IsArray ? 1 : 0;
+        const ParameterType& type = member.Types[i];
+        const bool twoDimensions = type.IsArray && (shape & 1) != 0;
+        values_.push_back(Make(member.Parameters[i], type, twoDimensions));
+        if (type.IsArray) {
+            shape >>= 1;
+        }
     }
 }
 
