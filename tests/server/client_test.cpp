@@ -1,8 +1,10 @@
-// What a client sees that is linked with the component layer and nothing else of the library.
+// What a client sees that is linked with the component layer and nothing else of the library; the
+// arithmetic types are headers.
 
 #include "tests/error_text.h"
 #include "tests/server/registered_server.h"
 
+#include "torlib/frame/arithmetic.h"
 #include "torlib/platform/component/create_object.h"
 #include "torlib/platform/component/registry.h"
 
@@ -12,39 +14,22 @@ namespace {
 using Client = test::RegisteredServer;
 using test::ServerFile;
 
-/// An array of 32-bit floats as the library's own C++ headers have it, made without them.
-struct StoredFloat {
-    float value = 0;
-    StoredFloat() = default;
-    StoredFloat(double v) : value(static_cast<float>(v)) {}
-};
-
-} // namespace
-
-template <>
-struct ValueTypeOf<StoredFloat> {
-    static constexpr ValueType Type = ValueType::Single;
-    static constexpr const char16_t* RecordName = nullptr;
-};
-
-namespace {
-
 TEST_F(Client, CreatesByEitherIdentifierAndCalculates) {
     const RegistryEntry entry = *FindEntry(ReadRegistry(), "progid", "torvalib.math_class");
     for (const std::u16string& id :
          {std::u16string(u"TORVALib.Math_Class"), FromUtf8(entry.Value("class"))}) {
         const Object math = CreateObject(id);
-        Array<StoredFloat> A(Bounds{1, 2}, Bounds{1, 2});
+        Array<Single> A(Bounds{1, 2}, Bounds{1, 2});
         A(1, 1) = 2;
         A(1, 2) = 3;
         A(2, 1) = 0.5;
         A(2, 2) = -1;
-        Array<StoredFloat> V = ArrayFromOne<StoredFloat>({10, 100, 1000});
-        Array<StoredFloat> U;
+        Array<Single> V = ArrayFromOne<Single>({10, 100, 1000});
+        Array<Single> U;
         math.Invoke(u"ProductMatrxByVector", {2, ByRef(A), ByRef(V), ByRef(U)});
         ASSERT_EQ(U.UBound(), 2);
-        EXPECT_EQ(U(1).value, 320.0F);
-        EXPECT_EQ(U(2).value, -95.0F);
+        EXPECT_EQ(U(1).Value(), 320.0F);
+        EXPECT_EQ(U(2).Value(), -95.0F);
         float big = 0;
         EXPECT_FALSE(
             math.Invoke(u"CheckConvergence", {2, ByRef(U), ByRef(V), 1, ByRef(big)}).ToBoolean());

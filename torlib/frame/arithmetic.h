@@ -10,6 +10,7 @@
 //
 // Real, Single and Integer vanish under optimisation; none of them is ever contracted or widened.
 
+#include "torlib/platform/component/arithmetic_errors.h"
 #include "torlib/platform/component/array.h"
 
 #include <cfloat>
@@ -31,11 +32,6 @@ class Single;
 class Integer;
 using String = std::u16string;
 using Long = std::int32_t;
-
-[[noreturn]] TORLIB_API void RaiseQuotient(double numerator);
-[[noreturn]] TORLIB_API void RaiseNotFinite(double value);
-[[noreturn]] TORLIB_API void RaiseIntegerOverflow(double value);
-[[noreturn]] TORLIB_API void RaiseDomain(const char* function, double argument);
 
 /// A double inside an expression. Division by zero raises 11, zero by zero raises 6.
 class Real {
