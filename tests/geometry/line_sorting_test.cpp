@@ -101,6 +101,7 @@ TEST(MeetingPoint, IsTheSameFromAllSides) {
         Points Found;
     } cases[] = {
         {{0, 0, 2, 2}, {0, 2, 2, 0}, {{1, 1}}},
+        {{0, 1, 4, 3}, {0, 4, 4, 0}, {{2, 2}}},
         {{0, 0, 1, 1}, {2, 0, 3, -1}, {}},
         {{0, 0, 4, 0}, {4, 0, 4, 3}, {{4, 0}}},    // at an end, one vertical
         {{0, 0, 4, 0}, {4.001, -1, 4.001, 3}, {}}, // beyond it by a thousandth
@@ -113,7 +114,8 @@ TEST(MeetingPoint, IsTheSameFromAllSides) {
         {{1, 2, 1, 7}, {1, 0, 1, 9}, {}},
         {{0, 0, 4, 2}, {3, 1.5, 7, 3.5}, {{3, 1.5}}},
         {{0, 0, 4, 2}, {1, 0.50025F, 3, 1.5}, {{1, 0.50025F}, {3, 1.5}}}, // nearly on one line
-        {{0, 0, 4, 2}, {1, 0.504, 3, 1.5}, {{3, 1.5}}},                   // no longer
+        {{0, 0, 4, 2}, {0, 1 / 512.0, 4, 2 - 1 / 512.0}, {{2, 1}}}, // no longer, by the intercept
+        {{0, 0, 4, 2}, {0, 0, 2, 1 + 1 / 256.0}, {{0, 0}}},         // or the slope
     };
     for (const auto& [s1, s2, found] : cases) {
         Points wanted = {{77, 78}};
