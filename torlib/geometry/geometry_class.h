@@ -97,10 +97,10 @@ class TORLIB_API Geometry_Class {
     /// line form overflows; 9 for a list of two dimensions.
     /// Source: Bronstein and Semendjajew, Taschenbuch der Mathematik, line through two points and
     /// intersection of two lines. Deviations: a segment is vertical when its x are exactly equal,
-    /// lines are parallel when their stored slopes are and
-    /// their intercepts differ in any bit, and one line when both differ by less than 0.001 and are
-    /// not parallel; the test of the lengths has no tolerance. Oblique segments on one line are
-    /// therefore found for sure only on a grid and with a slope of binary fractions.
+    /// lines are parallel when their stored slopes are equal and their intercepts differ in any
+    /// bit, and else one line when both differ by less than 0.001; the test of the lengths has no
+    /// tolerance. Oblique segments on one line are therefore found for sure only on a grid and
+    /// with a slope of binary fractions.
     void DefiningPoint(const Single& XsL1, const Single& YsL1, const Single& XeL1,
                        const Single& YeL1, const Single& XsL2, const Single& YsL2,
                        const Single& XeL2, const Single& YeL2, Integer& N, Array<Single>& XL,
