@@ -1,5 +1,6 @@
 #pragma once
-// A plate on a regular mesh, for the tests of the finite-element core.
+// A system on the band solver and a plate on a regular mesh, for the tests of the finite-element
+// core.
 
 #include "tests/error_of.h"
 
@@ -16,9 +17,44 @@ namespace torlib::test {
 
 enum class Mesh { Rectangles, Triangles };
 
+/// Band matrix, load vector and restraint list, with NFreedom degrees of freedom a node.
+template <int NFreedom>
+struct BandSystem {
+    static int Equation(int node, int freedom) { return NFreedom * (node - 1) + freedom; }
+    double Value(int node, int freedom = 1) const { return Q(Equation(node, freedom)).Value(); }
+
+    void Size(int nodes, Integer width) {
+        N3 = NFreedom * nodes;
+        Nw = width;
+        A = Array<Single>(Bounds{1, N3 + Nw - 1}, Bounds{1, Nw});
+        Q = Array<Single>(Bounds{1, N3 + Nw - 1});
+    }
+    void Restrain(int node, int freedom, double value = 0) {
+        AppendRestraint(NF, NS, AufL, Equation(node, freedom), value);
+    }
+    void Clamp(int node) {
+        for (int freedom = 1; freedom <= NFreedom; ++freedom) {
+            Restrain(node, freedom);
+        }
+    }
+    void Solve() {
+        ASSERT_FALSE(fem.SetBoundaryToMatrix(Nw, NF, A, Q, AufL, NS));
+        ASSERT_FALSE(fem.SolveMatrix(Nw, N3, A, Q));
+    }
+
+    FEM_Class fem;
+    Integer N3 = 0;
+    Integer Nw = 0;
+    Array<Single> A;
+    Array<Single> Q;
+    Integer NF = 0;
+    Array<Integer> NS;
+    Array<Single> AufL;
+};
+
 /// A plate a x b of nx x ny cells, unit flexural rigidity unless the members are changed; triangles
 /// halve each cell along the same diagonal. Nodes count from the corner (0, 0) along x.
-struct PlateModel {
+struct PlateModel : BandSystem<3> {
     PlateModel(int nxCells, int nyCells, double a, double b, Mesh meshKind = Mesh::Rectangles)
         : nx(nxCells),
           ny(nyCells),
@@ -35,8 +71,6 @@ struct PlateModel {
     }
 
     int Node(int i, int j) const { return j * (nx + 1) + i + 1; }
-    static int Equation(int node, int freedom) { return 3 * (node - 1) + freedom; }
-    double Value(int node, int freedom = 1) const { return Q(Equation(node, freedom)).Value(); }
 
     /// Stiffness and uniform pressure of all elements.
     void Assemble(double pressure) {
@@ -52,16 +86,12 @@ struct PlateModel {
             }
         }
         fem.GetBandWidth(Nw, NE, types, corners);
-        A = Array<Single>(Bounds{1, 3 * Nk + Nw - 1}, Bounds{1, Nw});
-        Q = Array<Single>(Bounds{1, 3 * Nk + Nw - 1});
+        Size(Nk, Nw);
         for (const auto& element : elements) {
             AddElement(NNode, element, pressure);
         }
     }
 
-    void Restrain(int node, int freedom, double value = 0) {
-        AppendRestraint(NF, NS, AufL, Equation(node, freedom), value);
-    }
     /// Holds w and the slope along the edge; clamped edges hold the slope across it as well.
     void SupportEdges(bool left, bool right, bool bottom, bool top, bool clamped) {
         for (int node = 1; node <= Nk; ++node) {
@@ -80,10 +110,6 @@ struct PlateModel {
             }
         }
     }
-    void Solve() {
-        ASSERT_FALSE(fem.SetBoundaryToMatrix(Nw, NF, A, Q, AufL, NS));
-        ASSERT_FALSE(fem.SolveMatrix(Nw, 3 * Nk, A, Q));
-    }
 
     int nx;
     int ny;
@@ -94,13 +120,6 @@ struct PlateModel {
     Single e = 12 * (1 - 0.09);
     Single T = 1;
     Single nu = 0.3;
-    FEM_Class fem;
-    Integer Nw = 0;
-    Array<Single> A;
-    Array<Single> Q;
-    Integer NF = 0;
-    Array<Integer> NS;
-    Array<Single> AufL;
 
   private:
     std::vector<std::array<int, 4>> Elements() const {

@@ -78,7 +78,7 @@ DynamicObject HostWindow::Watched(const std::string& name,
 }
 
 GeneratedArguments::GeneratedArguments(const Member& member, unsigned seed, unsigned shape)
-    : random_(seed) {
+    : random_(seed), alike_(seed % 4 == 0) {
     for (std::size_t i = 0; i < member.Count; ++i) {
         const ParameterType& type = member.Types[i];
         const bool twoDimensions = type.IsArray && (shape & 1) != 0;
@@ -158,6 +158,11 @@ std::unique_ptr<SafeArray> GeneratedArguments::Filled(bool twoDimensions) {
                      : std::make_unique<Array<T>>(rows);
     for (std::size_t i = 0; i < array->Size(); ++i) {
         array->Data()[i] = Value<T>();
+        if constexpr (std::is_same_v<T, Single>) {
+            if (alike_) {
+                array->Data()[i] = 1.25 * (rows.Lower + static_cast<int>(i));
+            }
+        }
     }
     return array;
 }
@@ -206,12 +211,22 @@ std::string BitsOf(const Variant& value) {
     return kind + ToUtf8(value.ToText());
 }
 
-unsigned ArrayCount(const Member& member) {
-    unsigned count = 0;
+std::vector<unsigned> Shapes(const Member& member) {
+    unsigned arrays = 0;
     for (std::size_t i = 0; i < member.Count; ++i) {
-        count += member.Types[i].IsArray ? 1 : 0;
+        arrays += member.Types[i].IsArray ? 1 : 0;
     }
-    return count;
+    std::vector<unsigned> shapes;
+    if (arrays <= 8) {
+        for (unsigned shape = 0; shape < 1U << arrays; ++shape) {
+            shapes.push_back(shape);
+        }
+        return shapes;
+    }
+    for (unsigned k = 0; k < arrays; ++k) {
+        shapes.insert(shapes.end(), {0, 1U << k});
+    }
+    return shapes;
 }
 
 } // namespace torlib::test

@@ -89,10 +89,10 @@ TEST_F(SameBits, EveryMemberOfEveryClassInAllFourWays) {
             if (member.Kind == MemberKind::Reserved) {
                 continue;
             }
-            const unsigned shapes = 1U << test::ArrayCount(member);
+            const std::vector<unsigned> shapes = test::Shapes(member);
             int completed = 0;
-            for (unsigned seed = 0; seed < std::max(4 * shapes, 32U); ++seed) {
-                const unsigned shape = seed % shapes;
+            for (unsigned seed = 0; seed < std::max<std::size_t>(4 * shapes.size(), 32); ++seed) {
+                const unsigned shape = shapes[seed % shapes.size()];
                 const std::string early =
                     Outcome(member, seed, shape, Early(member, instance.get()));
                 completed += early.starts_with("error: \n") ? 1 : 0;

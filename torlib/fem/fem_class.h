@@ -13,16 +13,19 @@
 // Files in reading order: band_matrix.cpp (width, restraints), band_solver.cpp (elimination),
 // progress.cpp (progress display), plate_stiffness.cpp (dispatch, rectangle),
 // triangle_stiffness.cpp, element_loads.cpp, assembly.cpp, supports.cpp (support texts),
-// symmetry.cpp (half and quarter models), fem_class.cpp (instance, member table).
+// symmetry.cpp (half and quarter models), grid_beam.cpp, grid_beam_assembly.cpp, plane_frame.cpp,
+// wall_triangle.cpp (plane stress), foundation_level.cpp (levels, node coordinates), fem_class.cpp
+// (instance, member table).
 //
 // Shared by all members: the equation number of degree of freedom j of node n is
-// (n - 1) * NFreedom + j; plates and grid beams carry (w, dw/dx, dw/dy) at a node, plane frames and
-// wall plates (u, v, rotation). A(n, l), l = 1..Nw, holds K(n, n + l - 1). A and Q carry Nw - 1
-// zero rows beyond the last equation. An index such as n + l - 1 is formed as a whole and checked
-// against 16 bits where it is stored.
+// (n - 1) * NFreedom + j; plates and grid beams carry (w, dw/dx, dw/dy) at a node, plane frames (u,
+// v, rotation from +y towards +x), wall triangles (u, v). A(n, l), l = 1..Nw, holds
+// K(n, n + l - 1). A and Q carry Nw - 1 zero rows beyond the last equation. An index such as
+// n + l - 1 is formed as a whole and checked against 16 bits where it is stored.
 
 #include "torlib/frame/arithmetic.h"
 #include "torlib/frame/enumerations.h"
+#include "torlib/frame/optional_ref.h"
 #include "torlib/platform/component/array.h"
 #include "torlib/platform/component/object.h"
 
@@ -240,6 +243,132 @@ class TORLIB_API FEM_Class {
     void SymmetricalBoundaryPlate(Integer Nk, const Array<Single>& XGriD,
                                   const Array<Single>& YGriD, SymmetricCase Isym, Integer& NF,
                                   Array<Single>& AufL, Array<Integer>& NS) const;
+
+    /// Rigidities and projections of one grid beam.
+    ///
+    /// `StartNode`, `EndNode` node numbers. `ElementType` section type. `EmGrid`, `GridInertia`,
+    /// `GModul`, `GridTorsion` modulus of elasticity, moment of inertia, shear modulus and torsion
+    /// constant of each section type. `XGriD`, `YGriD` node coordinates. `EI`, `GJ` [out] flexural
+    /// and torsional rigidity. `XD`, `YD` [out] projections, end minus start. `i`, `j` [out] the
+    /// two node numbers. Errors: 6 when a product overflows; 9 for a type or node outside the
+    /// arrays.
+    void BeamData(Integer StartNode, Integer EndNode, Integer ElementType,
+                  const Array<Single>& EmGrid, const Array<Single>& GridInertia,
+                  const Array<Single>& GModul, const Array<Single>& GridTorsion,
+                  const Array<Single>& XGriD, const Array<Single>& YGriD, Single& EI, Single& GJ,
+                  Single& XD, Single& YD, OptionalRef<Integer> i = {},
+                  OptionalRef<Integer> j = {}) const;
+
+    /// Axes and stiffness factors of a grid beam.
+    ///
+    /// `TR` [out] re-dimensioned to (0..6, 0..6): at both nodes the deflection, then the slopes
+    /// across and along the beam turned into dw/dx and dw/dy. `XD`, `YD`, `EI`, `GJ` as from
+    /// BeamData. `F1`, `F2` [out] EI and GJ over the length. `ALE` [out] length. `SI`, `CO` [out]
+    /// -XD and YD over the length. `S2`, `C2`, `CS` [out] their squares and product.
+    /// Errors: 11 for a beam without length, after ALE is set.
+    void TransformationMatrix(Array<Single>& TR, Single XD, Single YD, Single EI, Single GJ,
+                              Single& F1, Single& F2, Single& ALE, Single& SI, Single& CO,
+                              Single& S2, Single& C2, Single& CS) const;
+
+    /// Stiffness of a grid beam in global axes.
+    ///
+    /// `ST` [out] re-dimensioned to (0..6, 0..6), filled from 1: symmetric, start then end, (w,
+    /// dw/dx, dw/dy) each. The other parameters as from TransformationMatrix. Errors: 6 or 11 for
+    /// ALE = 0. Source: Weaver and Gere (1990), Matrix Analysis of Framed Structures, grid member;
+    /// no shear deformation, Saint-Venant torsion.
+    void BeamStiffness(Array<Single>& ST, Single F1, Single F2, Single ALE, Single SI, Single CO,
+                       Single S2, Single C2, Single CS) const;
+
+    /// Equivalent nodal loads of a uniform line load on a grid beam, to be added to the load
+    /// vector.
+    ///
+    /// `UG` [out] re-dimensioned to (0..6), filled from 1, in global axes as the stiffness.
+    /// `TR` from TransformationMatrix. `PP` load per length, positive along w. `ALE` length.
+    /// Result: PP ALE / 2 at each deflection; +PP ALE^2 / 12 at the start and the negative at the
+    /// end, at the slope along the beam. Errors: 9 when TR is too small.
+    void BeamLoadVector(Array<Single>& UG, const Array<Single>& TR, Single PP, Single ALE) const;
+
+    /// Adds all grid beams and their line loads into the band matrix and the load vector.
+    ///
+    /// `NodeStart`, `NodeEnd`, `NTy(1..NEGrid)` nodes and section type of each beam. `EmGrid`,
+    /// `GridInertia`, `GModul`, `GridTorsion`, `XGriD`, `YGriD` as for BeamData. `NEGrid` number of
+    /// beams. `QL(1..NEGrid)` line loads, positive along w. `Q`, `A` [in/out] load vector and band
+    /// matrix. `FrmShow`, `PrograssBarMode`, `ObjStbar` as for SolveMatrix, one step a beam.
+    /// Result: false when all beams are added; true when cancelled, or after an error. Errors are
+    /// not raised but reported through the utility service; beams that were added before stay.
+    bool SetBeamStiffnessMatrix(const Array<Integer>& NodeStart, const Array<Integer>& NodeEnd,
+                                const Array<Integer>& NTy, const Array<Single>& EmGrid,
+                                const Array<Single>& GridInertia, const Array<Single>& GModul,
+                                const Array<Single>& GridTorsion, const Array<Single>& XGriD,
+                                const Array<Single>& YGriD, Integer NEGrid, const Array<Single>& QL,
+                                Array<Single>& Q, Array<Single>& A, const Object& FrmShow = {},
+                                bool PrograssBarMode = false, const Object& ObjStbar = {});
+
+    /// Stiffness of a plane-frame member in global axes.
+    ///
+    /// `ST` [out] re-dimensioned to (0..6, 0..6), filled from 1: symmetric, start then end, (u, v,
+    /// rotation from +y towards +x) each. `G` hinges: 1 at the start, 2 at the end, 3 at both, any
+    /// other value none. `EI`, `EA` flexural and axial rigidity. `AL` length. `CO`, `SI` direction
+    /// cosines of the axis from start to end.
+    /// A hinged rotation has a zero row and column, so a node where every member is hinged keeps
+    /// the rotation 0. Errors: 11 for AL = 0. Source: Weaver and Gere (1990), plane-frame member;
+    /// no shear deformation.
+    void BeamPlaneStiffness(Array<Single>& ST, Single G, Single EI, Single EA, Single AL, Single CO,
+                            Single SI) const;
+
+    /// Equivalent nodal loads of line loads on a plane-frame member, to be added to the load
+    /// vector.
+    ///
+    /// `QK` [out] re-dimensioned to (0..6), filled from 1, in global axes as the stiffness. `Px`
+    /// load along +x per length in y. `Py` load along -y per length in x. `XL`, `YL` projections,
+    /// end minus start. `IG` hinges: 0 none, 1 at the start, 2 at the end, 3 at both; any other
+    /// value leaves QK zero. The forces that hold the fixed ends are the negative of the result.
+    /// Source: Weaver and Gere (1990), table of fixed-end actions. Deviations: with one hinge the
+    /// part of the load along an inclined member is shared 3/8 to 5/8 like the part across it; the
+    /// balance of forces and moments holds, and 1/8 of that part stretches the member in excess.
+    void BeamPlaneLoadVector(Array<Single>& QK, Single Px, Single Py, Single XL, Single YL,
+                             Integer IG) const;
+
+    /// Matrix that turns global into member components, (along, across, rotation) at each node.
+    ///
+    /// `TR` [out] re-dimensioned to (0..6, 0..6), filled from 1. `CO`, `SI` direction cosines.
+    void PlaneTransformationMatrix(Array<Single>& TR, Single CO, Single SI) const;
+
+    /// Stiffness of the triangle of constant strain in plane stress.
+    ///
+    /// `SK` [out] re-dimensioned to (0..6, 0..6), filled from 1: symmetric, (u, v) corner by
+    /// corner. `x`, `Y(1..3)` corner coordinates in either sense of rotation. `e` modulus of
+    /// elasticity. `T` thickness. `bnu` Poisson's ratio. `AL` area. Errors: 5 for a negative area;
+    /// 9 for coordinates outside the arrays; 11 for AL = 0 or bnu =
+    /// +-1. Source: Turner, Clough, Martin and Topp (1956), J. Aeronautical Sciences 23, 805-823.
+    void SetStressElementStiffness(Array<Single>& SK, const Array<Single>& x,
+                                   const Array<Single>& Y, Single e, Single T, Single bnu,
+                                   Single AL) const;
+
+    /// Gives every node a foundation level: one for all, or shares of the element groups.
+    ///
+    /// `Nk`, `NE` number of nodes and elements. `I_ElementType(1..NE)` number of corners.
+    /// `I_Corner(1..NE, 1..4)` corner nodes. `TF` [in/out] level of all nodes; by groups, the share
+    /// of the last element on return. `Tk` is added to every group's level. `Ngs` "J" takes levels
+    /// by groups, any other text one level. `MGRU(1..NE)` group of each element. `pt` level of each
+    /// group. `TFV` [out] re-dimensioned to (0..Nk).
+    /// By groups each element gives each of its corners pt + Tk over its corner count, so that edge
+    /// nodes of a mesh of rectangles get a half and corner nodes a quarter of the level.
+    /// Errors: 6 or 11 for an element without corners; 9 for an index outside the arrays or Nk < 0.
+    void SetFoundationLevel(const Integer& Nk, const Integer& NE,
+                            const Array<Integer>& I_ElementType, const Array<Integer>& I_Corner,
+                            Single& TF, const Single& Tk, const String& Ngs,
+                            const Array<Integer>& MGRU, const Array<Single>& pt,
+                            Array<Single>& TFV) const;
+
+    /// Turns node coordinates of a local system into global ones, in place.
+    ///
+    /// `N` number of nodes. `x`, `Y(1..N)` [in/out] coordinates. `Beta` angle in degrees from the
+    /// global to the local x axis, counter-clockwise. `Xo`, `yo` global coordinates of the local
+    /// origin. Errors: 5 for an angle beyond 2^51 radians; 9 when N exceeds the arrays.
+    /// Deviations: the angle in radians is rounded to 32 bits.
+    void GetGlobalNodeCoordinate(Integer N, Array<Single>& x, Array<Single>& Y, Single Beta,
+                                 Single Xo, Single yo) const;
 
   private:
     Single progressStartTime_; // seconds since midnight at step 1

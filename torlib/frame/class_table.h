@@ -27,7 +27,7 @@ namespace torlib {
 
 enum class MemberKind : std::uint8_t { Method, PropertyGet, PropertyPut, Reserved };
 
-inline constexpr std::size_t MaxParameters = 16;
+inline constexpr std::size_t MaxParameters = 24;
 
 /// One row of a class table.
 struct Member {

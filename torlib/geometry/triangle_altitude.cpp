@@ -1,15 +1,12 @@
 #include "torlib/frame/elementary.h"
 #include "torlib/geometry/geometry_class.h"
+#include "torlib/geometry/point.h"
 
 namespace torlib {
 namespace {
 
 constexpr Single pi = Pi;
 constexpr double negligible = 0.001;
-
-Single Distance(Single x1, Single y1, Single x2, Single y2) {
-    return Sqrt((x1 - x2) * (x1 - x2) + (y1 - y2) * (y1 - y2));
-}
 
 void ClearSmall(Single& value) {
     if (Abs(value) < negligible) {
@@ -41,9 +38,9 @@ void Geometry_Class::TriangularGeometry(const Single& XI, const Single& Yi, cons
     ET = 0;
     FT = 0;
     try {
-        const Single Lij = Distance(XI, Yi, Xj, Yj);
-        const Single Ljk = Distance(Xj, Yj, XK, YK);
-        const Single Lki = Distance(XK, YK, XI, Yi);
+        const Single Lij = plane::Distance({XI, Yi}, {Xj, Yj});
+        const Single Ljk = plane::Distance({Xj, Yj}, {XK, YK});
+        const Single Lki = plane::Distance({XK, YK}, {XI, Yi});
         const Single cj = (Lij * Lij + Ljk * Ljk - Lki * Lki) / (2 * Lij * Ljk);
         const Single ck = (Ljk * Ljk + Lki * Lki - Lij * Lij) / (2 * Ljk * Lki);
         Dt = cj * Lij;

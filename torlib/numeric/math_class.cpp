@@ -32,10 +32,19 @@ constexpr Member members[] = {
         u"CheckConvergence",
         u"Tells whether an iteration has settled, and takes the new values over.",
         {u"N", u"E_New", u"E_Old", u"Tolerance", {u"Big", Omitted}}),
-    Reserved(u"NodalCoordinatesOverQuadRegion"),
-    Reserved(u"NodalCoordinatesDoubleIntegration"),
-    Reserved(u"Bilinear"),
-    Reserved(u"GauseLegendreQuadrature"),
+    Method<&Math_Class::NodalCoordinatesOverQuadRegion>(u"NodalCoordinatesOverQuadRegion",
+                                                        u"Table of the corners of a quadrilateral.",
+                                                        {u"x", u"Y", u"Coord"}),
+    Method<&Math_Class::NodalCoordinatesDoubleIntegration>(
+        u"NodalCoordinatesDoubleIntegration",
+        u"Table of the corners of the rectangle x1..x2, y1..y2.",
+        {u"x1", u"x2", u"y1", u"y2", u"Coord"}),
+    Method<&Math_Class::Bilinear>(
+        u"Bilinear", u"Bilinear shape functions and their derivatives at a sampling point.",
+        {u"Der", u"Fun", u"Samp", u"i", u"j"}),
+    Method<&Math_Class::GauseLegendreQuadrature>(
+        u"GauseLegendreQuadrature", u"Points and weights of Gauss-Legendre integration over -1..1.",
+        {u"Samp", u"Ngp"}),
     Method<&Math_Class::SolvingSystemLinearEquationsUnsymmetricalMatrix>(
         u"SolvingSystemLinearEquationsUnsymmetricalMatrix",
         u"Solves an unsymmetric system by elimination without pivoting.", {u"N", u"A", u"Q", u"x"}),
@@ -50,7 +59,9 @@ Math_Class& Math_Class::DefaultInstance() {
 
 const ClassInfo& Math_Class::Info() {
     static const ClassInfo info = DescribeClass<Math_Class>(
-        u"Math_Class", u"Small dense linear algebra, convergence test and curve fit.", members);
+        u"Math_Class",
+        u"Small dense linear algebra, convergence test, curve fit and Gauss-Legendre integration.",
+        members);
     return info;
 }
 

@@ -1,14 +1,18 @@
 #pragma once
 // Small dense linear algebra on the caller's arrays: products, inversion, unsymmetric solution, the
-// convergence test of an iteration and the least-squares line.
+// convergence test of an iteration, the least-squares line, and Gauss-Legendre integration over a
+// quadrilateral.
 //
 //     Math_Class math;
 //     math.ProductMatrxByVector(N, A, V, U);            // U = A V
 //     math.SolvingSystemLinearEquationsUnsymmetricalMatrix(N, A, Q, x);
 //     if (math.CheckConvergence(N, E_New, E_Old, Tolerance)) { ... }
+//     math.GauseLegendreQuadrature(Samp, Ngp);          // points and weights of one dimension
+//     math.Bilinear(Der, Fun, Samp, i, j);              // Jacobian: Der times Coord
 //
 // Files in reading order: products.cpp (products and sum), dense_solution.cpp (inverse, solution),
-// convergence.cpp, curve_fit.cpp, math_class.cpp (instance, member table).
+// convergence.cpp, curve_fit.cpp, quadrature.cpp (points and weights), bilinear_shape.cpp (corner
+// tables, shape functions), math_class.cpp (instance, member table).
 //
 // Shared by all members: indices run from 1 to the size, index 0 is neither read nor written. Sums
 // are kept in 32 bits and rounded after every term, so the order of the terms, ascending, is part
@@ -94,6 +98,43 @@ class TORLIB_API Math_Class {
     /// change exceeds the tolerance; a change equal to it is allowed. Errors: 6, 9.
     bool CheckConvergence(Integer N, const Array<Single>& E_New, Array<Single>& E_Old,
                           Single Tolerance, OptionalRef<Single> Big = {}) const;
+
+    /// Table of the corners of a quadrilateral.
+    ///
+    /// `x`, `Y(1..4)` corners, any unit, in the order of the shape functions of `Bilinear`; the
+    /// Jacobian is positive for clockwise corners. `Coord` [out] re-dimensioned to (0..4, 0..2): x
+    /// in column 1, y in column 2. Errors: 9 for a list
+    /// shorter than 4; Coord is then re-dimensioned.
+    void NodalCoordinatesOverQuadRegion(const Array<Single>& x, const Array<Single>& Y,
+                                        Array<Single>& Coord) const;
+
+    /// Table of the corners of the rectangle x1..x2, y1..y2.
+    ///
+    /// `x1`, `x2`, `y1`, `y2` limits, any unit. `Coord` [out] re-dimensioned to (0..4, 0..2): the
+    /// corners (x1, y1), (x1, y2), (x2, y2), (x2, y1). With `Bilinear` eta then runs along x and xi
+    /// along y.
+    void NodalCoordinatesDoubleIntegration(const Single& x1, const Single& x2, const Single& y1,
+                                           const Single& y2, Array<Single>& Coord) const;
+
+    /// Bilinear shape functions of four corners and their derivatives at a sampling point.
+    ///
+    /// `Der` [out] re-dimensioned to (0..2, 0..4): derivatives by eta in row 1, by xi in row 2.
+    /// `Fun` [out] re-dimensioned to (0..4): shape functions of the corners (-1, -1), (1, -1),
+    /// (1, 1), (-1, 1) in (xi, eta). `Samp` table of `GauseLegendreQuadrature`. `i`, `j` its rows
+    /// that hold xi and eta. Errors: 9 for a row that Samp does not have, or a Samp of one
+    /// dimension; Der and Fun are then zero tables. Source: Zienkiewicz (1977), The finite element
+    /// method, section 7.3. Deviation: the row of eta comes first, so that the Jacobian of the
+    /// rectangle of `NodalCoordinatesDoubleIntegration` is diagonal.
+    void Bilinear(Array<Single>& Der, Array<Single>& Fun, const Array<Single>& Samp,
+                  const Integer& i, const Integer& j) const;
+
+    /// Points and weights of Gauss-Legendre integration over -1..1.
+    ///
+    /// `Samp` [out] re-dimensioned to (0..Ngp, 0..2): abscissae in column 1, descending; weights in
+    /// column 2. `Ngp` number of points: 1 to 7, 9, 11, 13 or 15; for any other number the table
+    /// is zero, and its weights sum to 0. Errors: 9 for a negative number. Source: Abramowitz and
+    /// Stegun (1964), Handbook of mathematical functions, equation 25.4.29 and table 25.4.
+    void GauseLegendreQuadrature(Array<Single>& Samp, const Integer& Ngp) const;
 
     /// Solves the unsymmetric system A x = Q by Gaussian elimination without pivoting.
     ///
