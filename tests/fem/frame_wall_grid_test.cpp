@@ -1,5 +1,5 @@
 // Plane frames, walls in plane stress and grid beams against closed forms; the lines that are
-// printed are the table of docs/validation_frames.md.
+// printed are the table of docs/validation.md.
 
 #include "fem_test_tools.h"
 
