@@ -10,7 +10,7 @@
 namespace slab {
 
 struct AnalysisOptions {
-    bool Plain = false;  ///< keep the 32-bit solution, without the correction of digits
+    bool Plain = false; ///< keep the 32-bit solution, without the correction of digits
 };
 
 /// The analysis cannot give a result; the message says why and what to do.

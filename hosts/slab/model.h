@@ -1,6 +1,6 @@
 #pragma once
-// What the analysis works on: the mesh, loads, supports and soil of a slab, in metres and kilonewtons,
-// after the project file has been read, checked and turned into nodes and elements.
+// What the analysis works on: the mesh, loads, supports and soil of a slab, in metres and
+// kilonewtons, after the project file has been read, checked and turned into nodes and elements.
 
 #include "torlib/frame/enumerations.h"
 
@@ -15,28 +15,29 @@ struct Point {
     double y = 0;
 };
 
-/// Factors from the units of the project file to metres and kilonewtons, and their names in reports.
+/// Factors from the units of the project file to metres and kilonewtons, and their names in
+/// reports.
 struct Units {
     std::string LengthName = "m";
     std::string ForceName = "kN";
     std::string SettlementName = "cm";
-    double Length = 1;         ///< metres in one unit of length
-    double Force = 1;          ///< kilonewtons in one unit of force
-    double Settlement = 0.01;  ///< metres in one unit of settlement
+    double Length = 1;        ///< metres in one unit of length
+    double Force = 1;         ///< kilonewtons in one unit of force
+    double Settlement = 0.01; ///< metres in one unit of settlement
 };
 
 /// A plate element. Rectangles run counter-clockwise from the corner with the smallest x and y with
 /// their sides along the axes; triangles run counter-clockwise.
 struct Element {
     int Corners = 4;
-    std::array<int, 4> Node{};  ///< node numbers from 1
-    int Group = 0;              ///< index into Model::Groups
+    std::array<int, 4> Node{}; ///< node numbers from 1
+    int Group = 0;             ///< index into Model::Groups
 };
 
 struct Group {
     std::string Name;
-    double Thickness = 0;  ///< m
-    double Modulus = 0;    ///< kN/m2
+    double Thickness = 0; ///< m
+    double Modulus = 0;   ///< kN/m2
     double Poisson = 0;
 };
 
@@ -55,8 +56,8 @@ struct Restraint {
 };
 
 struct SoilLayer {
-    double Thickness = 0;  ///< m
-    double Modulus = 0;    ///< kN/m2
+    double Thickness = 0; ///< m
+    double Modulus = 0;   ///< kN/m2
     double Poisson = 0;
 };
 
@@ -64,16 +65,16 @@ enum class SoilKind { None, Winkler, HalfSpace, Layered };
 
 struct Soil {
     SoilKind Kind = SoilKind::None;
-    std::vector<double> Subgrade;   ///< Winkler modulus of each element, kN/m3, 0 where there is none
-    double Modulus = 0;             ///< half-space, kN/m2
-    double Poisson = 0;             ///< half-space
-    std::vector<SoilLayer> Layers;  ///< layered medium from the top
-    bool TensionCutOff = false;     ///< the slab lifts off where the soil would have to pull
+    std::vector<double> Subgrade; ///< Winkler modulus of each element, kN/m3, 0 where there is none
+    double Modulus = 0;           ///< half-space, kN/m2
+    double Poisson = 0;           ///< half-space
+    std::vector<SoilLayer> Layers; ///< layered medium from the top
+    bool TensionCutOff = false;    ///< the slab lifts off where the soil would have to pull
 };
 
 /// When the iteration between structure and soil ends.
 struct StopRule {
-    double Accuracy = 0.0001;  ///< largest change or mismatch of settlements in a cycle, m
+    double Accuracy = 0.0001; ///< largest change or mismatch of settlements in a cycle, m
     int MaxCycles = 30;
 };
 
@@ -83,11 +84,11 @@ struct Model {
     std::string Title;
     std::string File;
     slab::Units Units;
-    std::vector<Point> Nodes;        ///< m; node n is Nodes[n - 1]
+    std::vector<Point> Nodes; ///< m; node n is Nodes[n - 1]
     std::vector<Element> Elements;
     std::vector<Group> Groups;
-    std::vector<double> Pressure;    ///< uniform downward pressure of each element, kN/m2
-    std::vector<double> NodalLoads;  ///< 3 a node: force kN, moments kNm; everything but Pressure
+    std::vector<double> Pressure;   ///< uniform downward pressure of each element, kN/m2
+    std::vector<double> NodalLoads; ///< 3 a node: force kN, moments kNm; everything but Pressure
     std::vector<NodeSpring> Springs;
     std::vector<Restraint> Restraints;
     torlib::SymmetricCase Symmetry = torlib::SymmetricCase::Unsymmetric;

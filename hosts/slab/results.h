@@ -1,6 +1,6 @@
 #pragma once
-// What an analysis gives: values at the nodes, reactions, the course of the iteration, the balance of
-// forces, and how many digits can be trusted. Metres, kilonewtons, radians.
+// What an analysis gives: values at the nodes, reactions, the course of the iteration, the balance
+// of forces, and how many digits can be trusted. Metres, kilonewtons, radians.
 
 #include <array>
 #include <string>
@@ -9,27 +9,27 @@
 namespace slab {
 
 struct NodeResult {
-    double Settlement = 0;             ///< m, downward positive
-    double SlopeX = 0;                 ///< dw/dx
-    double SlopeY = 0;                 ///< dw/dy
-    double Pressure = 0;               ///< contact pressure, kN/m2, compression positive
-    double ContactForce = 0;           ///< kN on the modelled part of the node's area
-    double SoilSettlement = 0;         ///< m, of the soil surface at the node (half-space, layers)
-    double Mx = 0, My = 0, Mxy = 0;    ///< kNm/m, positive with tension at the underside
-    double M1 = 0, M2 = 0, Angle = 0;  ///< principal moments, M1 >= M2; angle of M1 from x, radians
+    double Settlement = 0;            ///< m, downward positive
+    double SlopeX = 0;                ///< dw/dx
+    double SlopeY = 0;                ///< dw/dy
+    double Pressure = 0;              ///< contact pressure, kN/m2, compression positive
+    double ContactForce = 0;          ///< kN on the modelled part of the node's area
+    double SoilSettlement = 0;        ///< m, of the soil surface at the node (half-space, layers)
+    double Mx = 0, My = 0, Mxy = 0;   ///< kNm/m, positive with tension at the underside
+    double M1 = 0, M2 = 0, Angle = 0; ///< principal moments, M1 >= M2; angle of M1 from x, radians
 };
 
 /// Forces that a support or a node spring exerts on the slab, in the sense of the displacements.
 struct Reaction {
     int Node = 0;
-    std::array<double, 3> Force{};  ///< kN, kNm, kNm
+    std::array<double, 3> Force{}; ///< kN, kNm, kNm
     bool IsSpring = false;
 };
 
 struct Cycle {
     int Number = 0;
-    double Change = 0;    ///< largest change of a settlement in this cycle, m
-    double Mismatch = 0;  ///< largest difference between slab and soil settlement, m
+    double Change = 0;   ///< largest change of a settlement in this cycle, m
+    double Mismatch = 0; ///< largest difference between slab and soil settlement, m
 };
 
 /// Vertical balance over the modelled part, kN, downward positive.
@@ -38,15 +38,15 @@ struct Balance {
     double Soil = 0;
     double Supports = 0;
     double Springs = 0;
-    double RelativeError = 0;  ///< |Loads - Soil - Supports - Springs| / sum of the loads' sizes
+    double RelativeError = 0; ///< |Loads - Soil - Supports - Springs| / sum of the loads' sizes
 };
 
 /// What rounding to 32 bits cost, and what the correction gave back.
 struct Digits {
-    double ResidualBefore = 0;  ///< of the 32-bit solution: |r| / |load|
+    double ResidualBefore = 0; ///< of the 32-bit solution: |r| / |load|
     double ResidualAfter = 0;
-    double ChangeOfSolution = 0;  ///< largest correction of a settlement / largest settlement
-    int Steps = 0;                ///< of the correction, all cycles together
+    double ChangeOfSolution = 0; ///< largest correction of a settlement / largest settlement
+    int Steps = 0;               ///< of the correction, all cycles together
     bool Corrected = false;
 };
 
@@ -65,8 +65,8 @@ struct Results {
     slab::Digits Digits;
     int Equations = 0;
     int HalfBandWidth = 0;
-    double SolverSeconds = 0;  ///< elimination and substitutions
-    double SoilSeconds = 0;    ///< flexibility coefficients
+    double SolverSeconds = 0; ///< elimination and substitutions
+    double SoilSeconds = 0;   ///< flexibility coefficients
     double TotalSeconds = 0;
     std::vector<std::string> Warnings;
 };
