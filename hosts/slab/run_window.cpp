@@ -10,7 +10,6 @@
 namespace slab {
 
 using torlib::Argument;
-using torlib::DynamicObject;
 using torlib::Variant;
 
 namespace {
