@@ -51,11 +51,10 @@ Single CircleCentre(Single ro, Single C, Single Z, const Soil& soil);
 /// Errors: 11 for R = 0 at equal depths (6 if ro is 0 too). Source: term by term in closed form,
 /// with R2(t)^2 = (p + t)^2 + q^2 + (C + Z)^2. Deviations: the angle Pi becomes 0.999 Pi, where the
 /// logarithms still exist. Distances are kept in 32 bits; what that costs, measured against
-/// quadrature for nu 0.3:
-/// - rays up to 0.9 Pi, radius 0.5, depth of the load up to 10: below 5E-5 to R = 3 ro, 9E-5 at
-///   6 ro, 8E-4 at 20 ro, 2 % at 100 ro; with the point 10 below the load 2E-4 to 6 ro;
-/// - the ray at 0.999 Pi at nearly equal depths loses far more: the errors of Mindlin_class.Icr_HS
-///   are its share.
+/// quadrature for nu 0.3, radius 0.5, loads at depths up to 10 and points up to 5 below them:
+/// - rays up to 0.9 Pi: 1E-4 to R = 6 ro, 5E-4 at 20 ro, 2 % at 100 ro;
+/// - the ray at 0.999 Pi: 3E-5 inside the circle; outside at equal depths 0.7 % at 3 ro, 36 % at
+///   6 ro, 390 % at 20 ro: the errors of Mindlin_class.Icr_HS are its share.
 Single CircleRayIntegral(Single R, Single ro, Single C, Single Z, Single theta, const Soil& soil);
 
 } // namespace torlib::mindlin
