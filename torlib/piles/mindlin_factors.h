@@ -4,10 +4,13 @@
 
 #include "torlib/frame/elementary.h"
 
+#include <array>
+
 namespace torlib::mindlin {
 
-/// The steps into which half the circle or ring is divided.
+/// The steps into which half the circle or ring is divided, and their width.
 inline constexpr int Steps = 50;
+inline constexpr Single Step = Pi / Steps;
 
 /// Poisson's ratio and what the kernel needs of it.
 struct Soil {
@@ -23,18 +26,29 @@ struct Soil {
 /// Sum of the kernel's terms that belong to the image, behind the two that come first.
 Real WithRest(Real first, Real R1, Real R2, Real c, Real z, const Soil& soil);
 
-/// Trapezoidal rule over half a turn, without the step's width; the running angle and the sum are
-/// kept in 32 bits.
+/// A function at the ends of the steps, from 0 to Pi; the running angle is kept in 32 bits. Sines
+/// and cosines are as dear as all else in a factor: a table of them serves every call.
 template <class Function>
-Single HalfTurn(Function at, bool withEnd, Single step) {
+auto AtAngles(Function at) {
+    std::array<decltype(at(Single())), Steps + 1> values;
     Single theta = 0;
-    Single S = at(theta) / 2;
-    for (int k = 1; k < Steps; ++k) {
-        theta = theta + step;
-        S = S + at(theta);
+    for (std::size_t k = 0; k < Steps; ++k) {
+        values[k] = at(theta);
+        theta = theta + Step;
+    }
+    values[Steps] = at(Pi);
+    return values;
+}
+
+/// Trapezoidal rule over half a turn, without the step's width; the sum is kept in 32 bits.
+template <class Entry, class Function>
+Single HalfTurn(const std::array<Entry, Steps + 1>& entries, Function at, bool withEnd) {
+    Single S = at(entries[0]) / 2;
+    for (std::size_t k = 1; k < Steps; ++k) {
+        S = S + at(entries[k]);
     }
     if (withEnd) {
-        S = S + at(Pi) / 2;
+        S = S + at(entries[Steps]) / 2;
     }
     return S;
 }
