@@ -1,4 +1,4 @@
-// Published load values, assembly into the band against a dense assembly, nodal springs.
+// Assembly into the band against a dense assembly, nodal springs.
 
 #include "fem_test_tools.h"
 
@@ -10,24 +10,6 @@
 
 namespace torlib::test {
 namespace {
-
-TEST(ElementLoads, SimpleValues) {
-    const FEM_Class fem;
-    Array<Single> BE;
-    fem.SetElementLoadVector(BE, 24, 4, ArrayFromOne<Single>({0, 1, 1, 0}),
-                             ArrayFromOne<Single>({0, 0, 1, 1}));
-    const double square[] = {0, 6, 1, 1, 6, -1, 1, 6, -1, -1, 6, 1, -1};
-    ASSERT_EQ(BE.UBound(), 12);
-    for (int i = 0; i <= 12; ++i) {
-        EXPECT_FLOAT_EQ(BE(i).Value(), static_cast<float>(square[i])) << i;
-    }
-    fem.SetElementLoadVector(BE, 6, 3, ArrayFromOne<Single>({0, 1, 0}),
-                             ArrayFromOne<Single>({0, 0, 1}));
-    ASSERT_EQ(BE.UBound(), 9);
-    for (const int w : {1, 4, 7}) {
-        EXPECT_EQ(BE(w).Value(), 1) << w;
-    }
-}
 
 TEST(Assembly, EqualsDenseAssembly) {
     std::mt19937 random(7);
@@ -72,21 +54,17 @@ TEST(Assembly, EqualsDenseAssembly) {
 
 TEST(Assembly, Failures) {
     const FEM_Class fem;
-    Array<Single> A(Bounds{1, 12}, Bounds{1, 6});
-    Array<Single> Q(Bounds{1, 12});
+    Array<Single> A(Bounds{1, 12}, Bounds{1, 6}), Q(Bounds{1, 12}), BE(Bounds{1, 3});
     Array<Single> SK(Bounds{1, 6}, Bounds{1, 6});
-    const auto run = [&](std::initializer_list<Integer> nodes) {
-        return ErrorOf([&] { fem.GlobalStiffnessMatrix(A, SK, 3, 2, ArrayFromOne(nodes)); });
-    };
-    EXPECT_EQ(run({1, 2}), 0);
-    EXPECT_EQ(run({1, 3}), 9) << "band column beyond Nw";
-    EXPECT_EQ(run({4, 5}), 9) << "row beyond the matrix";
-    EXPECT_EQ(run({1, 11000}), 6) << "equation number beyond 16 bits";
-    EXPECT_EQ(ErrorOf([&] {
-                  fem.GlobalLoadVector(Q, ArrayFromOne<Single>({1, 2, 3}), 3, 1,
-                                       ArrayFromOne<Integer>({5}));
-              }),
-              9);
+    const int cases[][3] = {{1, 2, 0}, // nodes, error
+                            {1, 3, 9}, // band column beyond Nw
+                            {4, 5, 9}, // row beyond the matrix
+                            {1, 11000, 6}};
+    for (const auto& [n1, n2, error] : cases) {
+        const auto nodes = ArrayFromOne<Integer>({n1, n2});
+        EXPECT_EQ(ErrorOf([&] { fem.GlobalStiffnessMatrix(A, SK, 3, 2, nodes); }), error) << n2;
+    }
+    EXPECT_EQ(ErrorOf([&] { fem.GlobalLoadVector(Q, BE, 3, 1, ArrayFromOne<Integer>({5})); }), 9);
 }
 
 TEST(Springs, CountsRoundHalvesToEven) {

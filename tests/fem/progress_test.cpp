@@ -82,25 +82,18 @@ TEST(Progress, StepsOfARun) {
 }
 
 TEST(Progress, RemainingTime) {
-    struct Case {
-        double elapsed; // for the first half of the run
-        const char16_t* text;
-    };
-    for (const Case& c : {Case{187, u"00:03:07"},
-                          {3600, u"01:00:00"},
-                          {3599, u"00:59:59"},
-                          {45296, u"12:34:56"},
-                          {360000, u"100:00:00"},
-                          {59.5, u"00:00:60"},
-                          {0.25, u"00:00:00"},
-                          {0.4962, u"00:00:01"}, // the time of day is rounded to 1/128 s
-                          {-60, u"-01:59:00"}}) {
+    // Seconds for the first half of the run; the time of day is rounded to 1/128 s.
+    const std::pair<double, const char16_t*> cases[] = {
+        {187, u"00:03:07"},   {3600, u"01:00:00"},    {3599, u"00:59:59"},
+        {45296, u"12:34:56"}, {360000, u"100:00:00"}, {59.5, u"00:00:60"},
+        {0.25, u"00:00:00"},  {0.4962, u"00:00:01"},  {-60, u"-01:59:00"}};
+    for (const auto& [elapsed, text] : cases) {
         ProgressForm f(200);
         f.now = 65536;
         f.Step(1);
-        f.now = 65536 + c.elapsed;
+        f.now = 65536 + elapsed;
         f.Step(100);
-        EXPECT_EQ(f.TimeText(), c.text);
+        EXPECT_EQ(f.TimeText(), text);
     }
 }
 

@@ -1,8 +1,8 @@
 #include "torlib/ui/torva_class.h"
 
 #include "tests/error_text.h"
+#include "tests/silent_utility.h"
 
-#include "torlib/frame/companion_services.h"
 #include "torlib/frame/run_state.h"
 #include "torlib/platform/component/dynamic_object.h"
 #include "torlib/platform/windows/events.h"
@@ -137,17 +137,8 @@ TEST_F(TORVA, BlanksAndListingLinesAlign) {
 }
 
 /// Answers with what it was asked, or fails.
-class AskedUtility : public UtilityServices {
+class AskedUtility : public test::SilentUtility {
   public:
-    void ShowError(const RunTimeError&) override {}
-    bool& DialogResult() override { return result_; }
-    void PrepareForm(const Object&) override {}
-    void FinishForm(const Object&) override {}
-    void NoteFormTitle(const String&) override {}
-    bool CheckInput(const Object&, int, double, double) override { return false; }
-    void ShowHelpTopic(int) override {}
-    String HelpFileName() override { return {}; }
-    void ShowHelpFile() override {}
     String FormatValueText(const String& value, const std::vector<Variant>& parameters) override {
         if (value.empty()) {
             RaiseError(ErrorNumber::InvalidArgument, "no value");
@@ -158,11 +149,6 @@ class AskedUtility : public UtilityServices {
         }
         return text;
     }
-    Single ConvertToSingle(const String&) override { return 0; }
-    bool FileIsMissing(const String&) override { return false; }
-
-  private:
-    bool result_ = false;
 };
 
 TEST_F(TORVA, TheValueIsFormattedByTheUtilityService) {
