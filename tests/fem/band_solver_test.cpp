@@ -1,7 +1,9 @@
 // The fast elimination against the entry-by-entry routine, bit for bit, and both against laws.
 
-#include "fem_test_tools.h"
+#include "tests/error_text.h"
 #include "torlib/fem/band_kernel.h"
+#include "torlib/fem/fem_class.h"
+#include "torlib/frame/run_state.h"
 
 #include <algorithm>
 #include <bit>
@@ -29,8 +31,7 @@ enum class Kind {
 struct System {
     int Nw;
     int N3;
-    Array<Single> A;
-    Array<Single> Q;
+    Array<Single> A, Q;
 };
 
 Single RawSingle(float value) {
@@ -127,30 +128,25 @@ Outcome OutcomeOf(const band::Kernel* kernel, System s, Stop stop = Stop::Never,
     return outcome;
 }
 
-std::vector<int> SystemSizes(int Nw) {
-    return {1, 2, Nw / 2 + 1, Nw + 1, 2 * Nw + 17, 61};
-}
-
 class EveryKernel : public testing::TestWithParam<const band::Kernel*> {};
 
 TEST_P(EveryKernel, GivesTheBitsErrorsAndEventsOfTheReference) {
-    struct Shape {
+    const struct {
         Kind kind;
         int lower;
         bool trailing;
         int error; // expected of at least one of the sizes; 0 for none at all
-    };
-    const Shape shapes[] = {
+    } shapes[] = {
         {Kind::Dominant, 0, false, 0},     {Kind::Dominant, 1, true, 0},
         {Kind::RandomSigns, -2, false, 0}, {Kind::ZeroDiagonals, 0, false, 0},
         {Kind::ZeroDiagonals, 1, true, 0}, {Kind::Overflowing, 0, true, 6},
         {Kind::HugeLoad, -1, true, 6},     {Kind::NotFinite, 0, true, 6},
         {Kind::Tiny, 0, true, 0},
     };
-    for (const Shape& shape : shapes) {
+    for (const auto& shape : shapes) {
         int errors = 0;
         for (int Nw = 1; Nw <= 70; Nw += Nw < 36 ? 1 : 5) {
-            for (const int N3 : SystemSizes(Nw)) {
+            for (const int N3 : {1, 2, Nw / 2 + 1, Nw + 1, 2 * Nw + 17, 61}) {
                 const System s = MakeSystem(shape.kind, Nw, N3, shape.lower, shape.trailing);
                 const Outcome expected = OutcomeOf(nullptr, s);
                 ASSERT_EQ(expected, OutcomeOf(GetParam(), s))
@@ -253,31 +249,31 @@ TEST(SolveMatrix, AnEquationWithoutStiffnessGetsZero) {
 }
 
 TEST(SolveMatrix, NamesWhatIsOutOfRange) {
-    struct Case {
-        int Nw, N3, rows, columns, loads, error;
+    const struct {
+        int Nw, N3, rows, columns, loads;
         const char* text;
-    };
-    const Case cases[] = {
-        {4, 10, 10, 4, 13, 9, "FEM_Class.SolveMatrix: A"},
-        {4, 10, 13, 3, 13, 9, "FEM_Class.SolveMatrix: A"},
-        {4, 10, 13, 4, 10, 9, "FEM_Class.SolveMatrix: Q"},
-        {1, 32767, 32767, 1, 32767, 6, "FEM_Class.SolveMatrix"},
-        {3, 32766, 32770, 3, 32770, 6, "FEM_Class.SolveMatrix"},
-    };
-    for (const Case& c : cases) {
-        Array<Single> A(Bounds{0, c.rows}, Bounds{0, c.columns});
-        Array<Single> Q(Bounds{0, c.loads});
+    } cases[] = {{4, 10, 10, 4, 13, "A: index (11, 1) outside (0..10, 0..4) (error 9)"},
+                 {4, 10, 13, 3, 13, "A: index (1, 4) outside (0..13, 0..3) (error 9)"},
+                 {4, 10, 13, 4, 10, "Q: index 11 outside 0..10 (error 9)"},
+                 {1, 32767, 32767, 1, 32767, "(error 6)"},
+                 {3, 32766, 32770, 3, 32770, "(error 6)"}};
+    for (const auto& c : cases) {
+        Array<Single> A(Bounds{0, c.rows}, Bounds{0, c.columns}), Q(Bounds{0, c.loads});
         for (int n = 1; n <= c.rows; ++n) {
             A(n, 1) = 2;
         }
-        try {
-            FEM_Class().SolveMatrix(c.Nw, c.N3, A, Q);
-            ADD_FAILURE() << c.text;
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(static_cast<int>(error.Number()), c.error);
-            EXPECT_NE(std::string(error.what()).find(c.text), std::string::npos) << error.what();
-        }
+        const std::string text =
+            test::ErrorText([&] { FEM_Class().SolveMatrix(c.Nw, c.N3, A, Q); });
+        EXPECT_TRUE(text.starts_with("FEM_Class.SolveMatrix: ") && text.ends_with(c.text)) << text;
     }
+}
+
+TEST(SolveMatrix, ShowsItsProgressAndStopsWhenCancelled) {
+    System s = MakeSystem(Kind::Dominant, 4, 9);
+    EXPECT_EQ(test::ErrorOf([&] { FEM_Class().SolveMatrix(4, 9, s.A, s.Q, {}, true); }), 91);
+    ExitControlState() = ExitCancelRequested;
+    EXPECT_TRUE(FEM_Class().SolveMatrix(4, 9, s.A, s.Q));
+    ExitControlState() = ExitRunning;
 }
 
 } // namespace

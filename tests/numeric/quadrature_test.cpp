@@ -67,6 +67,7 @@ TEST(ShapeFunctions, AreOneAtTheirCorner) {
             }
         }
     }
+    EXPECT_EQ(Fun.UBound() * 100 + Der.UBound() * 10 + Der.UBound(2), 424);
     EXPECT_EQ(ErrorOf([&] { math.Bilinear(Der, Fun, Samp, 1, 3); }), 9);
 }
 
