@@ -1,9 +1,9 @@
 // Width of the band, imposed values, cancellation, repeated restraints.
 
 #include "fem_test_tools.h"
+#include "tests/host_window.h"
 
 #include "torlib/frame/run_state.h"
-#include "torlib/platform/component/dynamic_object.h"
 #include "torlib/platform/windows/events.h"
 
 #include <map>
@@ -110,12 +110,7 @@ TEST(Restraints, RepeatsAndMissingRows) {
 
 // A cancel that arrives at poll number k stops there: the stages of one restraint show.
 TEST(Restraints, CancelStopsAtOnce) {
-    DynamicObject form("form");
-    int unloaded = 0;
-    form.DefineMethod(u"Unload", [&](std::span<Argument>) {
-        ++unloaded;
-        return Variant();
-    });
+    HostWindow window;
     for (int poll = 1; poll <= 4; ++poll) {
         RandomSystem system;
         int polls = 0;
@@ -123,10 +118,10 @@ TEST(Restraints, CancelStopsAtOnce) {
             [&] { ExitControlState() = ++polls == poll ? ExitCancelRequested : ExitRunning; });
         EXPECT_TRUE(system.fem.SetBoundaryToMatrix(5, 1, system.A, system.Q,
                                                    ArrayFromOne<Single>({9}),
-                                                   ArrayFromOne<Integer>({6}), form.Reference()));
+                                                   ArrayFromOne<Integer>({6}), window.Reference()));
         SetEventSource({});
         ExitControlState() = ExitRunning;
-        EXPECT_EQ(unloaded, poll);
+        EXPECT_EQ(window.Take(), "Unload;");
         EXPECT_EQ(polls, poll);
         EXPECT_EQ(system.Value(6) == 9, poll > 1);
         EXPECT_EQ(system.A(6, 2) == 0, poll > 2);

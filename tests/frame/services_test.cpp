@@ -3,6 +3,7 @@
 #include "torlib/frame/text_tables.h"
 
 #include "tests/error_of.h"
+#include "tests/host_window.h"
 #include "tests/silent_utility.h"
 #include "tests/temporary_folder.h"
 
@@ -112,21 +113,17 @@ TEST(HandleError, ReportsClosesFileNumberOneAndNeverFails) {
 
 TEST(RunState, StartsRunningAndAnEventMayCancelDuringThePoll) {
     EXPECT_EQ(ExitControlState(), ExitRunning);
-    DynamicObject form("form");
-    int unloaded = 0;
-    form.DefineMethod(u"Unload", [&](std::span<Argument>) {
-        ++unloaded;
-        return Variant();
-    });
+    test::HostWindow window;
+    const Object form = window.Reference();
     ScreenMousePointer() = MousePointer::Hourglass;
-    EXPECT_FALSE(CheckCancelRequest(form.Reference()));
-    PostEvent([&] { RequestCancel(form.Reference()); });
+    EXPECT_FALSE(CheckCancelRequest(form));
+    PostEvent([&] { RequestCancel(form); });
     EXPECT_EQ(ScreenMousePointer(), MousePointer::Hourglass);
-    EXPECT_TRUE(CheckCancelRequest(form.Reference())) << "the click runs inside the poll";
-    EXPECT_EQ(unloaded, 1);
+    EXPECT_TRUE(CheckCancelRequest(form)) << "the click runs inside the poll";
+    EXPECT_EQ(window.Take(), "Unload;");
     EXPECT_EQ(ScreenMousePointer(), MousePointer::Default);
     EXPECT_TRUE(CheckCancelRequest({})) << "the state does not change";
-    EXPECT_EQ(unloaded, 1);
+    EXPECT_EQ(window.Log(), "");
     ExitControlState() = ExitRunning;
 }
 

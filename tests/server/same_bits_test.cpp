@@ -3,13 +3,13 @@
 // each member's row of the class table with a seeded generator.
 
 #include "tests/error_text.h"
+#include "tests/host_window.h"
 #include "tests/server/registered_server.h"
 
 #include "torlib/frame/class_object.h"
 #include "torlib/frame/enumeration_table.h"
 #include "torlib/frame/run_state.h"
 #include "torlib/platform/clock.h"
-#include "torlib/platform/component/dynamic_object.h"
 #include "torlib/server/class_list.h"
 
 #include <algorithm>
@@ -61,48 +61,6 @@ std::string BitsOf(const Array<T>& array) {
     return text;
 }
 
-/// A host's window with the controls that the library addresses; writes what is done to it.
-class HostWindow {
-  public:
-    HostWindow() {
-        DynamicObject panels = Watched("Panels", {});
-        panels.DefineMethod(u"Item", [log = log_](std::span<Argument> arguments) {
-            *log += "Item=" + ToUtf8(arguments.back().Value.ToText()) + ";";
-            return Variant();
-        });
-        DynamicObject bar = Watched("PrB", {u"Value", u"Max"});
-        bar.Define(u"Max", 7);
-        form_.Define(u"Visible", true)
-            .Define(u"PrB", bar.Reference())
-            .Define(u"lbltime", Watched("lbltime", {u"Visible", u"Caption"}).Reference())
-            .Define(u"LblStufe", Watched("LblStufe", {u"Caption"}).Reference())
-            .Define(u"Panels", panels.Reference());
-        for (const char16_t* name : {u"Unload", u"Refresh"}) {
-            form_.DefineMethod(name, [log = log_, name](std::span<Argument>) {
-                *log += ToUtf8(name) + ";";
-                return Variant();
-            });
-        }
-    }
-    Object Reference() const { return form_.Reference(); }
-    const std::string& Log() const { return *log_; }
-
-  private:
-    DynamicObject Watched(const std::string& name, std::initializer_list<const char16_t*> members) {
-        DynamicObject object(name);
-        for (const char16_t* member : members) {
-            const std::string label = name + "." + ToUtf8(member) + "=";
-            object.Define(member, 0).OnPut(member, [log = log_, label](const Variant& value) {
-                *log += label + ToUtf8(value.ToText()) + ";";
-            });
-        }
-        return object;
-    }
-
-    std::shared_ptr<std::string> log_ = std::make_shared<std::string>();
-    DynamicObject form_ = Watched("window", {u"Visible", u"Caption"});
-};
-
 /// One set of arguments; the same seed and shape give the same values every time. Bit k of the
 /// shape says whether the k-th array has two dimensions; in each fourth set all arrays of reals
 /// hold the same rising values, so that points coincide.
@@ -127,7 +85,7 @@ class GeneratedArguments {
         for (const auto& array : arrays_) {
             text += array() + "\n";
         }
-        for (const HostWindow& window : windows_) {
+        for (const test::HostWindow& window : windows_) {
             text += window.Log() + "\n";
         }
         return text;
@@ -213,7 +171,7 @@ class GeneratedArguments {
     std::vector<Variant> values_;
     std::deque<Variant> variables_;
     std::vector<std::function<std::string()>> arrays_; // what each of them holds
-    std::deque<HostWindow> windows_;
+    std::deque<test::HostWindow> windows_;
 };
 
 /// Shapes to try: every combination; of many arrays in turn none and one with two dimensions.
