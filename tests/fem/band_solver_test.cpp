@@ -29,8 +29,7 @@ enum class Kind {
 };
 
 struct System {
-    int Nw;
-    int N3;
+    int Nw, N3;
     Array<Single> A, Q;
 };
 
@@ -98,8 +97,7 @@ enum class Stop { Never, Cancel, ThrowFromPoll, ThrowFromProgress };
 /// Runs the reference (no kernel) or a kernel; stops at event number `at`, counted from 1.
 Outcome OutcomeOf(const band::Kernel* kernel, System s, Stop stop = Stop::Never, int at = 0) {
     Outcome outcome;
-    int polls = 0;
-    int shown = 0;
+    int polls = 0, shown = 0;
     band::EquationEvents events;
     events.Progress = [&](Integer n) {
         outcome.Steps.push_back(n);

@@ -38,10 +38,8 @@ struct BandSystem {
     }
 
     FEM_Class fem;
-    Integer N3 = 0;
-    Integer Nw = 0;
-    Array<Single> A;
-    Array<Single> Q;
+    Integer N3 = 0, Nw = 0;
+    Array<Single> A, Q;
     Integer NF = 0;
     Array<Integer> NS;
     Array<Single> AufL;

@@ -73,9 +73,7 @@ TEST(Springs, CountsRoundHalvesToEven) {
     const auto Fk = ArrayFromOne<Single>({1, 2, 3, 10, 20, 30});
     const auto Node = ArrayFromOne<Integer>({5, 8, 5});
     struct Case {
-        double freedoms;
-        double nodes;
-        double springs;
+        double freedoms, nodes, springs;
         std::vector<double> diagonal; // 9 entries
     };
     const Case cases[] = {

@@ -106,8 +106,7 @@ struct Element {
     double Scale(int i, int j) const { return std::sqrt(std::fabs(K(i, i) * K(j, j))); }
 
     int size;
-    Array<Single> SK;
-    Array<Single> BE;
+    Array<Single> SK, BE;
 };
 
 const Shape Rectangles[] = {
@@ -198,8 +197,7 @@ TEST_P(PlateElement, EnergyAndLoadOfItsFields) {
         }
         EXPECT_NEAR(work, Integral(shape, modes[k].w), 1e-6 * workSize) << "mode " << k;
         for (std::size_t l = 0; l < modes.size(); ++l) {
-            double energy = 0;
-            double size = 0;
+            double energy = 0, size = 0;
             for (int i = 0; i < element.size; ++i) {
                 for (int j = 0; j < element.size; ++j) {
                     const double qq = modes[k].q[static_cast<std::size_t>(i)] *
@@ -262,8 +260,7 @@ TEST(PlateElementDispatch, Failures) {
     const auto line = ArrayFromOne<Single>({0, 1, 2});
     const auto point = ArrayFromOne<Single>({1, 1, 1});
     const auto across = ArrayFromOne<Single>({0, 0, 1});
-    Array<Single> SK;
-    Array<Single> BE;
+    Array<Single> SK, BE;
     const auto triangle = [&](const auto& x, const auto& y) {
         return ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, x, y); });
     };

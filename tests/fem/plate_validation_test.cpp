@@ -74,8 +74,7 @@ struct PlateModel : BandSystem<3> {
     }
 
     int n;
-    Array<Single> X;
-    Array<Single> Y;
+    Array<Single> X, Y;
 };
 
 struct PlateCase {

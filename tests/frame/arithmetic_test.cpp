@@ -26,14 +26,12 @@ TEST(Arithmetic, ExpressionsAreDoubleAndEveryStoreRoundsOnce) {
     sum += 1;
     EXPECT_EQ(sum.Value(), 16777216.0F) << "a running sum is rounded after every term";
     // (1 + e)^2 - 1 - 2 e = e^2 needs the product before it is rounded to 32 bits.
-    const Single up = 1.0 + 1.0 / 4096;
-    const Single product = up * up - 1 - 2.0 / 4096;
+    const Single up = 1.0 + 1.0 / 4096, product = up * up - 1 - 2.0 / 4096;
     EXPECT_EQ(product.Value(), static_cast<float>(1.0 / 4096 / 4096));
 }
 
 TEST(Arithmetic, CountsAreIndexArithmeticAndTheirQuotientIsReal) {
-    const Integer n = 7;
-    const Integer two = 2;
+    const Integer n = 7, two = 2;
     static_assert(std::is_same_v<decltype(n * 2 + two), int>);
     EXPECT_EQ(n - two * 3, 1);
     EXPECT_EQ((n / two).Value(), 3.5);
@@ -46,10 +44,8 @@ TEST(Arithmetic, CountsAreIndexArithmeticAndTheirQuotientIsReal) {
 }
 
 TEST(Arithmetic, WhatCannotBeStoredOrFormedIsAnError) {
-    const Single zero;
-    const Single one = 1;
-    const Integer count = 32767;
-    const Integer none = 0;
+    const Single zero, one = 1;
+    const Integer count = 32767, none = 0;
     Single s;
     Integer n;
     const struct {

@@ -35,8 +35,7 @@ struct PointList {
     }
 
     Integer N;
-    Array<Single> XL;
-    Array<Single> YL;
+    Array<Single> XL, YL;
 };
 
 TEST(DuplicatePoints, LeaveTheLastOfEqualOnes) {
