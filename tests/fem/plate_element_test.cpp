@@ -4,6 +4,7 @@
 #include "fem_test_tools.h"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <vector>
 
@@ -18,10 +19,6 @@ struct Shape {
     std::vector<Point> corners;
     double nu;
 };
-std::ostream& operator<<(std::ostream& out, const Shape& shape) {
-    return out << shape.name;
-}
-
 using Field = std::function<double(Point)>;
 /// A deflection field: its values, its nodal values and its second derivatives.
 struct Mode {
@@ -178,13 +175,11 @@ std::vector<Mode> ModesOf(const Shape& s) {
     return modes;
 }
 
-class PlateElement : public testing::TestWithParam<Shape> {};
-
 // The elements contain these fields, so their energies (zero for rigid bodies) and the work of a
 // pressure on them are exact. Twelve polynomials determine the whole matrix of the rectangle, nine
 // shape functions that of the triangle.
-TEST_P(PlateElement, EnergyAndLoadOfItsFields) {
-    const Shape& shape = GetParam();
+void ExpectEnergyAndLoad(const Shape& shape) {
+    SCOPED_TRACE(shape.name);
     const Element element(shape);
     const std::vector<Mode> modes = ModesOf(shape);
     for (std::size_t k = 0; k < modes.size(); ++k) {
@@ -221,8 +216,14 @@ TEST(PlateRectangle, Symmetric) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rectangles, PlateElement, testing::ValuesIn(Rectangles));
-INSTANTIATE_TEST_SUITE_P(Triangles, PlateElement, testing::ValuesIn(Triangles));
+TEST(PlateElement, EnergyAndLoadOfItsFields) {
+    for (const Shape& shape : Rectangles) {
+        ExpectEnergyAndLoad(shape);
+    }
+    for (const Shape& shape : Triangles) {
+        ExpectEnergyAndLoad(shape);
+    }
+}
 
 // The same digits on every machine: values of an independent computation that turns columns first.
 TEST(PlateTriangle, LastBitsShowTheOrderOfTheTransformation) {
@@ -257,9 +258,8 @@ TEST(PlateElementDispatch, OnlyTheSidesFromNode1Count) {
 
 TEST(PlateElementDispatch, Failures) {
     const FEM_Class fem;
-    const auto line = ArrayFromOne<Single>({0, 1, 2});
-    const auto point = ArrayFromOne<Single>({1, 1, 1});
-    const auto across = ArrayFromOne<Single>({0, 0, 1});
+    const auto line = ArrayFromOne<Single>({0, 1, 2}), point = ArrayFromOne<Single>({1, 1, 1}),
+               across = ArrayFromOne<Single>({0, 0, 1});
     Array<Single> SK, BE;
     const auto triangle = [&](const auto& x, const auto& y) {
         return ErrorOf([&] { fem.SetTriElementStiffness(SK, 1, 1, 0, x, y); });
@@ -270,9 +270,9 @@ TEST(PlateElementDispatch, Failures) {
     SK.ReDim(12, 12);
     EXPECT_EQ(triangle(line, line), 11);
     EXPECT_EQ(triangle(point, point), 6);
-    EXPECT_EQ(rectangle(0, 2, 0), 11);
-    EXPECT_EQ(rectangle(2, 0, 0), 11);
-    EXPECT_EQ(rectangle(2, 1, 1), 11);
+    for (const auto& [a, b, nu] : {std::array{0, 2, 0}, {2, 0, 0}, {2, 1, 1}}) {
+        EXPECT_EQ(rectangle(a, b, nu), 11);
+    }
     BE.ReDim(9);
     fem.SetTriElementLoadVector(BE, 5, line, line);
     EXPECT_EQ(BE(4).Value(), 0);
