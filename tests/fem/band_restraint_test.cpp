@@ -1,4 +1,4 @@
-// Width of the band, imposed values, cancellation, repeated restraints.
+// Width of the band, imposed values, cancellation.
 
 #include "fem_test_tools.h"
 #include "tests/host_window.h"
@@ -127,22 +127,6 @@ TEST(Restraints, CancelStopsAtOnce) {
         EXPECT_EQ(system.A(6, 2) == 0, poll > 2);
         EXPECT_EQ(system.A(5, 2) == 0, poll > 3);
     }
-}
-
-TEST(Restraints, DuplicatesKeepTheirFirstEntry) {
-    auto NS = ArrayFromOne<Integer>({7, 3, 7, 9, -1, 3, -1});
-    auto AufL = ArrayFromOne<Single>({0, 0.25, 0.5, 0, 4, 5, 6});
-    Integer NF = 7;
-    RemoveDuplicateBoundary(NF, NS, AufL);
-    EXPECT_EQ(NF * 100 + NS.UBound() * 10 + AufL.UBound(), 444);
-    const double kept[][2] = {{0, 0}, {7, 0}, {3, 0.25}, {9, 0}, {-1, 4}};
-    for (int i = 0; i <= 4; ++i) {
-        EXPECT_EQ(+NS(i), kept[i][0]);
-        EXPECT_EQ(AufL(i).Value(), kept[i][1]);
-    }
-    NF = 0;
-    RemoveDuplicateBoundary(NF, NS, AufL);
-    EXPECT_EQ(NS.UBound() + AufL.UBound(), 0);
 }
 
 } // namespace

@@ -117,6 +117,10 @@ TEST(Symmetry, KeepsSupportValuesAndCompacts) {
                        ArrayFromOne<Single>({0.5, 0.25, 7, 1})};
     FEM_Class().SymmetricalBoundaryPlate(4, X, Y, XY_Symmetric, list.NF, list.AufL, list.NS);
     EXPECT_EQ(list.Read(), (Entries{{9, 0.5}, {8, 0.25}, {2, 1}, {12, 0}, {5, 0}}));
+    EXPECT_EQ(list.NS.UBound() * 10 + list.AufL.UBound(), 55);
+    list.NF = 0; // no node, no restraint
+    FEM_Class().SymmetricalBoundaryPlate(0, X, Y, XY_Symmetric, list.NF, list.AufL, list.NS);
+    EXPECT_EQ(list.NF + list.NS.UBound() + list.AufL.UBound(), 0);
     // Without symmetry the list stays as it is, repeats and all.
     list = {2, ArrayFromOne<Integer>({9, 9}), ArrayFromOne<Single>({1, 2})};
     FEM_Class().SymmetricalBoundaryPlate(4, X, Y, Unsymmetric, list.NF, list.AufL, list.NS);
