@@ -2,6 +2,7 @@
 
 #include "hosts/slab/analysis.h"
 
+#include "hosts/slab/beam_elements.h"
 #include "hosts/slab/findings.h"
 #include "hosts/slab/interaction.h"
 #include "hosts/slab/moments.h"
@@ -42,6 +43,9 @@ Vector SoilAreas(const Model& model, const std::vector<ContactArea>& areas) {
         for (double& modulus : sprung.Soil.Subgrade) {
             modulus = modulus > 0 ? 1 : 0;
         }
+        for (Beam& beam : sprung.Beams) {
+            beam.Subgrade = beam.Subgrade > 0 ? 1 : 0;
+        }
         return WinklerSprings(sprung);
     }
     for (std::size_t n = 0; n < areas.size(); ++n) {
@@ -74,14 +78,17 @@ void FillNodes(const Model& model, const std::vector<ContactArea>& areas, const 
         node.Pressure = soilAreas[n] > 0 ? state.Force[n] / soilAreas[n] : 0;
         node.SoilSettlement = state.SoilSettlement.empty() ? 0 : state.SoilSettlement[n];
     }
-    FillMoments(model, state.Displacement, results.Nodes);
+    if (!model.Elements.empty()) {
+        FillMoments(model, state.Displacement, results.Nodes);
+    }
+    results.Beams = BeamForces(model, state.Displacement);
 }
 
 } // namespace
 
 Results Analyse(const Model& model, const AnalysisOptions& options, RunWindow& window) {
     const auto start = Clock::now();
-    if (model.Nodes.empty() || model.Elements.empty()) {
+    if (model.Nodes.empty() || (model.Elements.empty() && model.Beams.empty())) {
         throw AnalysisFailure("the model has no elements");
     }
     Results results;

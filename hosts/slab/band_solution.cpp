@@ -17,9 +17,9 @@ namespace {
 constexpr int largest_row = 32766; // rows of the band that 16 bits can count
 constexpr int most_elements = 32000;
 
-void CheckSize(const Model& model) {
+void CheckSize(const Model& model, const std::vector<Element>& elements) {
     const std::size_t most = largest_row / 3;
-    if (model.Nodes.size() > most || model.Elements.size() > most_elements) {
+    if (model.Nodes.size() > most || elements.size() > most_elements) {
         throw AnalysisFailure("the mesh has " + std::to_string(model.Nodes.size()) +
                               " nodes; equations are counted in 16 bits, which allows " +
                               std::to_string(most) +
@@ -42,13 +42,14 @@ double ChangeOf(const Vector& rough, const Vector& u, std::size_t displacements)
 
 } // namespace
 
-int BandWidthOf(const Model& model, const torlib::FEM_Class& fem) {
-    CheckSize(model);
-    const int count = static_cast<int>(model.Elements.size());
+int BandWidthOf(const Model& model, const std::vector<Element>& elements,
+                const torlib::FEM_Class& fem) {
+    CheckSize(model, elements);
+    const int count = static_cast<int>(elements.size());
     Array<Integer> I_ElementType(Bounds{0, count});
     Array<Integer> I_Corner(Bounds{0, count}, Bounds{0, 4});
     for (int e = 1; e <= count; ++e) {
-        const Element& element = model.Elements[e - 1];
+        const Element& element = elements[e - 1];
         I_ElementType(e) = element.Corners;
         for (int i = 0; i < element.Corners; ++i) {
             I_Corner(e, i + 1) = element.Node[i];

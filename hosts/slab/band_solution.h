@@ -11,7 +11,8 @@ namespace slab {
 
 /// Half band width of a mesh with three freedoms a node. Throws AnalysisFailure when nodes, or
 /// equations and width together, cannot be counted in 16 bits.
-int BandWidthOf(const Model& model, const torlib::FEM_Class& fem);
+int BandWidthOf(const Model& model, const std::vector<Element>& elements,
+                const torlib::FEM_Class& fem);
 
 /// Imposes the restraints on the band and eliminates it, with progress on the window; Q becomes the
 /// solution. Throws AnalysisFailure or Cancelled.

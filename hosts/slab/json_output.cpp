@@ -77,6 +77,26 @@ Json ReactionsOf(const Model& model, const Results& results) {
     return reactions;
 }
 
+Json BeamsOf(const Model& model, const Results& results) {
+    const double force = model.Units.Force;
+    const double moment = force * model.Units.Length;
+    const auto ends = [](const std::array<double, 2>& values, double unit) {
+        return Json{values[0] / unit, values[1] / unit};
+    };
+    Json beams = Json::array();
+    for (std::size_t i = 0; i < results.Beams.size(); ++i) {
+        const Beam& beam = model.Beams[i];
+        const BeamResult& result = results.Beams[i];
+        beams.push_back({{"beam", beam.Name},
+                         {"nodes", beam.Node},
+                         {"section", model.Sections[beam.Section].Name},
+                         {"shear", ends(result.Shear, force)},
+                         {"moment", ends(result.Moment, moment)},
+                         {"torsion", ends(result.Torsion, moment)}});
+    }
+    return beams;
+}
+
 Json IterationOf(const Model& model, const Results& results) {
     Json cycles = Json::array();
     for (const Cycle& cycle : results.Cycles) {
@@ -122,6 +142,9 @@ std::string JsonText(const Model& model, const Results& results) {
     document["warnings"] = results.Warnings;
     document["nodes"] = NodesOf(model, results);
     document["elements"] = ElementsOf(model);
+    if (!results.Beams.empty()) {
+        document["beams"] = BeamsOf(model, results);
+    }
     document["reactions"] = ReactionsOf(model, results);
     // A file name or title may hold bytes that are no UTF-8; they must not cost the results.
     return document.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";

@@ -1,8 +1,9 @@
-// The check that supports, springs and soil hold every part of the slab. Plate elements resist
+// The check that supports, springs and soil hold every part of the slab. Plates and beams resist
 // everything but rigid motions, so a part of the slab is held when none of its three rigid motions
 // is free; this is decided from the geometry alone, before any rounding.
 
 #include "hosts/slab/analysis.h"
+#include "hosts/slab/beam_elements.h"
 #include "hosts/slab/restraints.h"
 
 #include <cmath>
@@ -24,7 +25,7 @@ std::vector<std::vector<int>> Parts(const Model& model) {
         }
         return n;
     };
-    for (const Element& element : model.Elements) {
+    for (const Element& element : PlatesAndBeams(model)) {
         for (int i = 1; i < element.Corners; ++i) {
             leader[find(element.Node[i] - 1)] = find(element.Node[0] - 1);
         }

@@ -1,6 +1,7 @@
 #pragma once
-// What the analysis works on: the mesh, loads, supports and soil of a slab, in metres and
-// kilonewtons, after the project file has been read, checked and turned into nodes and elements.
+// What the analysis works on: the mesh, beams, loads, supports and soil of a slab or a grid of
+// beams, in metres and kilonewtons, after the project file has been read, checked and turned into
+// nodes and elements.
 
 #include "torlib/frame/enumerations.h"
 
@@ -39,6 +40,27 @@ struct Group {
     double Thickness = 0; ///< m
     double Modulus = 0;   ///< kN/m2
     double Poisson = 0;
+};
+
+/// The cross-section of a beam or a frame member.
+struct Section {
+    std::string Name;
+    double Area = 0;         ///< m2
+    double Inertia = 0;      ///< m4
+    double Torsion = 0;      ///< m4, of grid beams
+    double Modulus = 0;      ///< kN/m2
+    double ShearModulus = 0; ///< kN/m2, of grid beams
+    double UnitWeight = 0;   ///< kN/m3
+    double ContactWidth = 0; ///< m, of grid beams on springs
+};
+
+/// A straight piece of a grid beam from node to node.
+struct Beam {
+    std::string Name; ///< of the whole beam
+    std::array<int, 2> Node{};
+    std::size_t Section = 0;
+    double Load = 0;     ///< downward, kN/m, self-weight included
+    double Subgrade = 0; ///< Winkler modulus under it, kN/m3
 };
 
 /// Springs at a node: kN/m against settlement, kNm/rad against the two slopes.
@@ -87,6 +109,8 @@ struct Model {
     std::vector<Point> Nodes; ///< m; node n is Nodes[n - 1]
     std::vector<Element> Elements;
     std::vector<Group> Groups;
+    std::vector<Section> Sections;
+    std::vector<Beam> Beams;
     std::vector<double> Pressure;   ///< uniform downward pressure of each element, kN/m2
     std::vector<double> NodalLoads; ///< 3 a node: force kN, moments kNm; everything but Pressure
     std::vector<NodeSpring> Springs;

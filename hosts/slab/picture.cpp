@@ -45,7 +45,8 @@ class Plan {
             least_ = std::min(least_, node.Settlement);
             greatest_ = std::max(greatest_, node.Settlement);
         }
-        const double cells = finest_cells / static_cast<double>(model.Elements.size());
+        const double cells =
+            finest_cells / std::max(static_cast<double>(model.Elements.size()), 1.0);
         strips_ = std::clamp(static_cast<int>(std::sqrt(cells)), 1, 8);
     }
 
@@ -58,6 +59,7 @@ class Plan {
             Shade(element);
         }
         Mesh();
+        Beams();
         Frame();
         Legend();
         out_ << "</svg>\n";
@@ -128,6 +130,28 @@ class Plan {
             out_ << 'Z';
         }
         out_ << "\"/>\n";
+    }
+
+    /// Beams in the colours of their settlement, on a dark line.
+    void Beams() {
+        constexpr int pieces = 8;
+        for (const Beam& beam : model_.Beams) {
+            const Sample a = At(beam.Node[0]);
+            const Sample b = At(beam.Node[1]);
+            const auto line = [&](double from, double to, const std::string& colour, int width) {
+                out_ << "<path stroke=\"" << colour << "\" stroke-width=\"" << width << "\" d=\"M"
+                     << Short(a.x + from * (b.x - a.x)) << ',' << Short(a.y + from * (b.y - a.y))
+                     << 'L' << Short(a.x + to * (b.x - a.x)) << ',' << Short(a.y + to * (b.y - a.y))
+                     << "\"/>\n";
+            };
+            line(0, 1, "#333", 7);
+            for (int i = 0; i < pieces; ++i) {
+                const double from = static_cast<double>(i) / pieces;
+                const double to = static_cast<double>(i + 1) / pieces;
+                const double value = a.value + (from + to) / 2 * (b.value - a.value);
+                line(from, to, BandColour(Band(value)), 5);
+            }
+        }
     }
 
     void Frame() {

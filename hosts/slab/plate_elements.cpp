@@ -15,6 +15,12 @@ const Point& Corner(const Model& model, const Element& element, int i) {
     return model.Nodes[static_cast<std::size_t>(element.Node[i] - 1)];
 }
 
+double SquaredLength(const Model& model, const Element& beam) {
+    const Point& a = Corner(model, beam, 0);
+    const Point& b = Corner(model, beam, 1);
+    return (b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y);
+}
+
 /// The three rigid motions, orthonormal under the weights 1, l2, l2 of a node's freedoms.
 std::array<Vector, 3> RigidMotions(const Model& model, const Element& element, double l2) {
     std::array<Vector, 3> modes;
@@ -79,7 +85,8 @@ void FillElement(const Model& model, int index, torlib::FEM_Class& fem, ElementA
 
 Vector WithoutRigidMotions(const Model& model, const Element& element, const Array<Single>& SK) {
     const int size = 3 * element.Corners;
-    const double l2 = ElementArea(model, element);
+    const double l2 =
+        element.Corners == 2 ? SquaredLength(model, element) : ElementArea(model, element);
     const auto modes = RigidMotions(model, element, l2);
     // T = I - R R^T W takes the rigid part out of a displacement; K becomes T^T K T.
     Vector T(static_cast<std::size_t>(size * size));

@@ -1,5 +1,5 @@
 #pragma once
-// The project of a slab: checking it, and turning it into an analysis model.
+// The projects of slabs and grids: checking them, and turning them into an analysis model.
 
 #include "hosts/slab/model.h"
 
@@ -20,7 +20,14 @@ class ProjectFile;
 /// Checks the project of a slab and builds its model. Throws InputError.
 Model ReadSlabProject(const ProjectFile& file);
 
-/// The same for a text; `name` stands for the file in messages.
+/// The same for a grid of beams, which has no plate elements.
+Model ReadGridProject(const ProjectFile& file);
+
+class KeyTable;
+/// Refuses a model that nothing holds or nothing acts on; `system` is its name in messages.
+void CheckWhole(const KeyTable& root, const Model& model, const std::string& system);
+
+/// A slab from a text; `name` stands for the file in messages.
 Model ParseProject(const std::string& text, const std::string& name);
 
 /// Names of the examples that are built in, with a sentence each.

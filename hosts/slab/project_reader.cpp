@@ -1,5 +1,6 @@
 // Reading the project of a slab: its tables, and what only the whole shows.
 
+#include "hosts/slab/beam_reader.h"
 #include "hosts/slab/key_table.h"
 #include "hosts/slab/loads.h"
 #include "hosts/slab/mesh.h"
@@ -22,33 +23,38 @@ bool HoldsSettlement(const Model& model) {
            std::any_of(model.Springs.begin(), model.Springs.end(),
                        [](const NodeSpring& s) { return s.Stiffness[0] > 0; }) ||
            model.Soil.Kind == SoilKind::HalfSpace || model.Soil.Kind == SoilKind::Layered ||
-           std::any_of(subgrade.begin(), subgrade.end(), [](double k) { return k > 0; });
+           std::any_of(subgrade.begin(), subgrade.end(), [](double k) { return k > 0; }) ||
+           std::any_of(model.Beams.begin(), model.Beams.end(),
+                       [](const Beam& beam) { return beam.Subgrade > 0; });
 }
 
 bool IsLoaded(const Model& model) {
     const auto acts = [](double value) { return value != 0; };
     return std::any_of(model.Pressure.begin(), model.Pressure.end(), acts) ||
            std::any_of(model.NodalLoads.begin(), model.NodalLoads.end(), acts) ||
+           std::any_of(model.Beams.begin(), model.Beams.end(),
+                       [](const Beam& beam) { return beam.Load != 0; }) ||
            std::any_of(model.Restraints.begin(), model.Restraints.end(),
                        [](const Restraint& r) { return r.Value != 0; });
 }
 
-void CheckWhole(const KeyTable& root, const Model& model) {
+} // namespace
+
+void CheckWhole(const KeyTable& root, const Model& model, const std::string& system) {
     if (!HoldsSettlement(model)) {
-        root.Fail("nothing holds the slab; give it [soil], or [[supports]] or [[springs]] with w");
+        root.Fail("nothing holds the " + system +
+                  "; give it [soil], or [[supports]] or [[springs]] with w");
     }
     if (!IsLoaded(model)) {
-        root.Fail("nothing acts on the slab; give it [loads], slab.unit_weight or a prescribed "
-                  "settlement");
+        root.Fail("nothing acts on the " + system +
+                  "; give it [loads], a unit_weight or a prescribed settlement");
     }
 }
 
-} // namespace
-
 Model ReadSlabProject(const ProjectFile& file) {
     const KeyTable root = file.Root();
-    root.Allow({"title", "system", "units", "mesh", "slab", "loads", "supports", "springs", "soil",
-                "iteration"});
+    root.Allow({"title", "system", "units", "mesh", "slab", "sections", "beams", "loads",
+                "supports", "springs", "soil", "iteration"});
     ProjectDraft draft;
     draft.Model.File = file.Name();
     draft.Model.Title = root.Has("title") ? root.Get("title").Text() : "";
@@ -56,12 +62,13 @@ Model ReadSlabProject(const ProjectFile& file) {
     draft.Model.Units = draft.Scale.Units;
     ReadMesh(root, draft);
     ReadSlab(root, draft);
+    ReadSlabBeams(root, draft);
     ReadLoads(root, draft);
     ReadSupports(root, draft);
     ReadSprings(root, draft);
     ReadSoil(root, draft);
     ReadIteration(root, draft);
-    CheckWhole(root, draft.Model);
+    CheckWhole(root, draft.Model, "slab");
     return draft.Model;
 }
 

@@ -33,6 +33,11 @@ std::vector<const Quantity*> QuantitiesOf(const Model& model) {
     const bool surface = onSoil && model.Soil.Kind != SoilKind::Winkler;
     std::vector<const Quantity*> rows;
     for (const Quantity& row : quantities) {
+        const bool ofPlates =
+            row.Kind == Dimension::MomentPerLength || row.Kind == Dimension::Angle;
+        if (model.Elements.empty() && ofPlates) {
+            continue;
+        }
         if ((onSoil || !row.OnSoilOnly) && (surface || !row.WithSoilSurface)) {
             rows.push_back(&row);
         }

@@ -22,6 +22,7 @@ class Report : private Listing {
         BalanceAndDigits();
         Iteration();
         NodeTable();
+        BeamTable();
         ReactionTable();
         Warnings();
         return torlib::ToUtf8(text_);
@@ -159,6 +160,34 @@ class Report : private Listing {
                 Cell(line, Value(row->Kind, results_.Nodes[i].*row->Member));
             }
             text_ += line + u"\r\n";
+        }
+    }
+
+    void BeamTable() {
+        if (results_.Beams.empty()) {
+            return;
+        }
+        Heading("Internal forces of the beams at the start and the end of each piece");
+        const std::string moment =
+            "[" + model_.Units.ForceName + "." + model_.Units.LengthName + "]";
+        String head;
+        Cell(head, "Beam", 20);
+        Cell(head, "Node", 6);
+        Cell(head, "V [" + model_.Units.ForceName + "]", 16);
+        Cell(head, "M " + moment, 16);
+        Cell(head, "T " + moment, 16);
+        text_ += head + u"\r\n";
+        for (std::size_t i = 0; i < results_.Beams.size(); ++i) {
+            const BeamResult& beam = results_.Beams[i];
+            for (std::size_t end = 0; end < 2; ++end) {
+                String row;
+                Cell(row, end == 0 ? model_.Beams[i].Name : "", 20);
+                Cell(row, std::to_string(model_.Beams[i].Node[end]), 6);
+                Cell(row, Value(Dimension::Force, beam.Shear[end]), 16);
+                Cell(row, Value(Dimension::Force, beam.Moment[end] / model_.Units.Length), 16);
+                Cell(row, Value(Dimension::Force, beam.Torsion[end] / model_.Units.Length), 16);
+                text_ += row + u"\r\n";
+            }
         }
     }
 

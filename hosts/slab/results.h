@@ -26,6 +26,15 @@ struct Reaction {
     bool IsSpring = false;
 };
 
+/// Internal forces of a beam piece at its start and end: the shear is the slope of the bending
+/// moment, which is positive with tension at the underside; the torsional moment is positive where
+/// it turns the left side down at the end.
+struct BeamResult {
+    std::array<double, 2> Shear{};   ///< kN
+    std::array<double, 2> Moment{};  ///< kNm
+    std::array<double, 2> Torsion{}; ///< kNm
+};
+
 struct Cycle {
     int Number = 0;
     double Change = 0;   ///< largest change of a settlement in this cycle, m
@@ -58,6 +67,7 @@ struct Extreme {
 
 struct Results {
     std::vector<NodeResult> Nodes;
+    std::vector<BeamResult> Beams;
     std::vector<Reaction> Reactions;
     std::vector<Cycle> Cycles;
     bool Converged = true;

@@ -44,6 +44,14 @@ Vector WinklerSprings(const Model& model) {
             springs[element.Node[i] - 1] += model.Soil.Subgrade[e] * share;
         }
     }
+    for (const Beam& beam : model.Beams) {
+        const Point& a = model.Nodes[static_cast<std::size_t>(beam.Node[0] - 1)];
+        const Point& b = model.Nodes[static_cast<std::size_t>(beam.Node[1] - 1)];
+        const double half = std::hypot(b.x - a.x, b.y - a.y) / 2;
+        for (const int node : beam.Node) {
+            springs[node - 1] += beam.Subgrade * model.Sections[beam.Section].ContactWidth * half;
+        }
+    }
     return springs;
 }
 

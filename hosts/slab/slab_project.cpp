@@ -1,4 +1,4 @@
-// The slab as one of the systems of the program.
+// Slabs and grids of beams among the systems of the program.
 
 #include "hosts/slab/output.h"
 #include "hosts/slab/project.h"
@@ -34,7 +34,9 @@ class SlabProject : public Project {
 
     std::string Size() const override {
         return std::to_string(model_.Nodes.size()) + " nodes, " +
-               std::to_string(model_.Elements.size()) + " elements";
+               std::to_string(model_.Elements.size()) + " elements" +
+               (model_.Beams.empty() ? ""
+                                     : ", " + std::to_string(model_.Beams.size()) + " beam pieces");
     }
 
     std::unique_ptr<Outcome> Analyse(const AnalysisOptions& options,
@@ -50,6 +52,10 @@ class SlabProject : public Project {
 
 std::unique_ptr<Project> OpenSlab(const ProjectFile& file) {
     return std::make_unique<SlabProject>(ReadSlabProject(file));
+}
+
+std::unique_ptr<Project> OpenGrid(const ProjectFile& file) {
+    return std::make_unique<SlabProject>(ReadGridProject(file));
 }
 
 } // namespace slab

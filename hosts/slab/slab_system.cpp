@@ -3,6 +3,7 @@
 #include "hosts/slab/slab_system.h"
 
 #include "hosts/slab/band_solution.h"
+#include "hosts/slab/beam_elements.h"
 #include "hosts/slab/plate_elements.h"
 
 #include <algorithm>
@@ -40,19 +41,20 @@ class Stopwatch {
 SlabSystem::SlabSystem(const Model& model, const AnalysisOptions& options, RunWindow& window)
     : model_(model), options_(options), window_(window) {
     const Stopwatch watch(Seconds);
-    Nw_ = BandWidthOf(model, fem_);
+    elements_ = PlatesAndBeams(model);
+    Nw_ = BandWidthOf(model, elements_, fem_);
     restraints_ = Restraints(model, fem_);
     BuildMatrix();
 }
 
 void SlabSystem::BuildMatrix() {
-    stiffness_ = BlockMatrix(static_cast<int>(model_.Nodes.size()), model_.Elements);
+    stiffness_ = BlockMatrix(static_cast<int>(model_.Nodes.size()), elements_);
     loads_ = model_.NodalLoads;
     loads_.resize(3 * model_.Nodes.size());
     ElementArrays arrays;
-    for (std::size_t e = 0; e < model_.Elements.size(); ++e) {
-        const Element& element = model_.Elements[e];
-        FillElement(model_, static_cast<int>(e), fem_, arrays);
+    for (std::size_t e = 0; e < elements_.size(); ++e) {
+        const Element& element = elements_[e];
+        FillPlateOrBeam(model_, e, fem_, arrays);
         stiffness_.Add(element, WithoutRigidMotions(model_, element, arrays.SK));
         for (int k = 0; k < 3 * element.Corners; ++k) {
             loads_[3 * (element.Node[k / 3] - 1) + k % 3] += double{arrays.BE(k + 1).Value()};
@@ -79,8 +81,8 @@ Array<Single> SlabSystem::Assemble(Array<Single>& Q, const Vector& extraForces) 
     Q = Array<Single>(Bounds{0, rows});
     std::vector<char> given(model_.Nodes.size(), 0);
     ElementArrays arrays;
-    for (std::size_t e = 0; e < model_.Elements.size(); ++e) {
-        FillElement(model_, static_cast<int>(e), fem_, arrays);
+    for (std::size_t e = 0; e < elements_.size(); ++e) {
+        FillPlateOrBeam(model_, e, fem_, arrays);
         // A node's springs go in once, with the first element that has the node.
         Array<Single> Fk(Bounds{0, 3 * arrays.NNode});
         for (int i = 1; i <= arrays.NNode; ++i) {

@@ -34,7 +34,7 @@ class SlabSystem {
     /// analysis.
     void Balance(Vector& u, Vector& soilForces);
 
-    /// Forces and moments with which slab and node springs resist the displacements.
+    /// Forces and moments with which slab, beams and node springs resist the displacements.
     Vector PlateForces(const Vector& u) const;
     /// Loads at the nodes, 3 a node.
     const Vector& Loads() const { return loads_; }
@@ -60,12 +60,13 @@ class SlabSystem {
     RunWindow& window_;
     torlib::FEM_Class fem_;
     int Nw_ = 0;
+    std::vector<Element> elements_; // plates and beams
     RestraintList restraints_;
-    BlockMatrix stiffness_; // plates alone, double precision
+    BlockMatrix stiffness_; // plates and beams alone, double precision
     Vector loads_;
     Vector nodeSprings_;
     Vector springs_;  // node springs and soil springs of the last Solve
-    Vector diagonal_; // of the plates
+    Vector diagonal_; // of plates and beams
     BandFactor factor_;
 };
 

@@ -2,7 +2,7 @@
 #include "hosts/slab/quantities.h"
 #include "hosts/slab/report_lines.h"
 
-#include <cstdio>
+#include <cmath>
 #include <sstream>
 
 namespace slab {
@@ -34,6 +34,39 @@ void ExtremeLines(const Model& model, const Results& results, std::ostringstream
     }
 }
 
+/// The largest size of each internal force of the beams, with the beam where it stands.
+void BeamLine(const Model& model, const Results& results, std::ostringstream& out) {
+    const struct {
+        const char* Name;
+        std::array<double, 2> BeamResult::*Member;
+        double Unit;
+        std::string UnitName;
+    } forces[] = {
+        {"shear", &BeamResult::Shear, model.Units.Force, model.Units.ForceName},
+        {"moment", &BeamResult::Moment, model.Units.Force * model.Units.Length,
+         model.Units.ForceName + "." + model.Units.LengthName},
+        {"torsion", &BeamResult::Torsion, model.Units.Force * model.Units.Length,
+         model.Units.ForceName + "." + model.Units.LengthName},
+    };
+    const char* label = "  Beams      ";
+    for (const auto& force : forces) {
+        double largest = 0;
+        std::size_t place = 0;
+        for (std::size_t i = 0; i < results.Beams.size(); ++i) {
+            for (const double value : results.Beams[i].*force.Member) {
+                if (std::fabs(value) > std::fabs(largest)) {
+                    largest = value;
+                    place = i;
+                }
+            }
+        }
+        out << label << "largest " << Padded(force.Name, 8)
+            << RightAligned(NumberText(largest / force.Unit), 12) << ' ' << force.UnitName
+            << "  in " << model.Beams[place].Name << '\n';
+        label = "             ";
+    }
+}
+
 void BalanceLine(const Model& model, const Results& results, std::ostringstream& out) {
     const auto force = [&](double value) {
         return NumberText(InUnits(model.Units, Dimension::Force, value), 6) + " " +
@@ -50,11 +83,14 @@ void BalanceLine(const Model& model, const Results& results, std::ostringstream&
 std::string SummaryText(const Model& model, const Results& results) {
     std::ostringstream out;
     out << (model.Title.empty() ? "Slab analysis" : model.Title) << "\n  " << model.Nodes.size()
-        << " nodes, " << model.Elements.size() << " elements, " << results.Equations
-        << " equations, half band width " << results.HalfBandWidth
+        << " nodes, " << model.Elements.size() + model.Beams.size() << " elements, "
+        << results.Equations << " equations, half band width " << results.HalfBandWidth
         << "; soil: " << SoilName(model.Soil.Kind) << "\n\n";
     ExtremeLines(model, results, out);
     out << '\n';
+    if (!results.Beams.empty()) {
+        BeamLine(model, results, out);
+    }
     BalanceLine(model, results, out);
     if (!results.Cycles.empty()) {
         const Cycle& last = results.Cycles.back();

@@ -13,6 +13,7 @@ struct System {
 
 constexpr System systems[] = {
     {"slab", OpenSlab},
+    {"grid", OpenGrid},
     {"frame", OpenFrame},
     {"wall", OpenWall},
 };

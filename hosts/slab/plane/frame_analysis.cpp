@@ -78,7 +78,7 @@ ResultTable MemberTable(const FrameModel& frame, const std::vector<MemberForces>
 void AddFacts(const FrameModel& frame, PlaneResults& results) {
     const Units& units = frame.Base.Units;
     const double length = units.Length;
-    for (const FrameSection& section : frame.Sections) {
+    for (const Section& section : frame.Sections) {
         const std::string of = " of section " + section.Name;
         results.Facts.push_back(
             {"Area" + of, "A", units.LengthName + "2", NumberText(section.Area / length / length)});

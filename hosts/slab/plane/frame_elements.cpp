@@ -97,7 +97,7 @@ AxisLoads LoadsAlong(const FrameModel& frame, std::size_t member) {
 
 PlaneElement FrameElement(const FrameModel& frame, std::size_t member, torlib::FEM_Class& fem) {
     const Member& data = frame.Members[member];
-    const FrameSection& section = frame.Sections[data.Section];
+    const Section& section = frame.Sections[data.Section];
     const MemberAxis axis = AxisOf(frame, member);
     const int hinges = static_cast<int>(data.Hinges);
     const double EI = section.Modulus * section.Inertia;

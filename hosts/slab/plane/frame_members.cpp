@@ -134,7 +134,7 @@ class MemberReader {
         Member member;
         member.Name = table.Has("name") ? table.Get("name").Text() : "";
         std::vector<std::string> names;
-        for (const FrameSection& section : frame_.Sections) {
+        for (const Section& section : frame_.Sections) {
             names.push_back(section.Name);
         }
         member.Section = table.Get("section").Choice(names);

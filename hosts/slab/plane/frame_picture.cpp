@@ -109,7 +109,7 @@ class Drawing {
     void Deflection(std::size_t m) {
         const MemberForces& f = forces_[m];
         const MemberAxis axis = AxisOf(frame_, m);
-        const FrameSection& section = frame_.Sections[frame_.Members[m].Section];
+        const Section& section = frame_.Sections[frame_.Members[m].Section];
         const auto& ends = frame_.Base.Elements[m].Node;
         const std::size_t a = 3 * static_cast<std::size_t>(ends[0] - 1);
         const std::size_t b = 3 * static_cast<std::size_t>(ends[1] - 1);

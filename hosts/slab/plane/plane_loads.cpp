@@ -119,7 +119,7 @@ void ReadEdgeLoad(const KeyTable& load, ProjectDraft& draft) {
 void ReadFrameLoads(const KeyTable& root, ProjectDraft& draft, FrameModel& frame) {
     draft.Model.NodalLoads.assign(3 * draft.Model.Nodes.size(), 0);
     for (Member& member : frame.Members) {
-        const FrameSection& section = frame.Sections[member.Section];
+        const Section& section = frame.Sections[member.Section];
         member.Loads.PerLength = section.UnitWeight * section.Area;
     }
     if (!root.Has("loads")) {

@@ -10,14 +10,6 @@
 
 namespace slab {
 
-struct FrameSection {
-    std::string Name;
-    double Area = 0;       ///< m2
-    double Inertia = 0;    ///< m4
-    double Modulus = 0;    ///< kN/m2
-    double UnitWeight = 0; ///< kN/m3
-};
-
 /// Line loads of a member, kN/m.
 struct MemberLoads {
     double AcrossHeight = 0; ///< along +x, per length of the projection on y
@@ -38,7 +30,7 @@ struct Member {
 /// Member i is Base.Elements[i], which has two corners.
 struct FrameModel {
     Model Base;
-    std::vector<FrameSection> Sections;
+    std::vector<Section> Sections;
     std::vector<Member> Members;
 };
 

@@ -3,9 +3,9 @@
 #include "hosts/slab/plane/plane_reader.h"
 
 #include "hosts/slab/mesh.h"
-#include "hosts/slab/plane/frame_sections.h"
 #include "hosts/slab/plane/wall_elements.h"
 #include "hosts/slab/project_file.h"
+#include "hosts/slab/sections.h"
 #include "hosts/slab/slab_groups.h"
 #include "hosts/slab/supports.h"
 
@@ -55,7 +55,7 @@ FrameModel ReadFrameProject(const ProjectFile& file) {
     ReadHead(file, draft);
     draft.Freedoms = {{"u", "v", "theta"}, 2};
     FrameModel frame;
-    frame.Sections = ReadFrameSections(root, draft.Scale);
+    frame.Sections = ReadSections(root, draft.Scale, SectionUse::Frame);
     ReadMembers(root, draft, frame);
     ReadSupports(root, draft);
     ReadSprings(root, draft);

@@ -30,7 +30,7 @@ PlaneSystem::PlaneSystem(const Model& model, ElementSource elements, RestraintLi
       restraints_(std::move(restraints)),
       options_(options),
       window_(window),
-      Nw_(BandWidthOf(model, fem_)),
+      Nw_(BandWidthOf(model, model.Elements, fem_)),
       springs_(3 * model.Nodes.size(), 0) {
     for (const NodeSpring& spring : model_.Springs) {
         for (std::size_t f = 0; f < 3; ++f) {

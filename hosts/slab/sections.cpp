@@ -1,4 +1,4 @@
-#include "hosts/slab/plane/frame_sections.h"
+#include "hosts/slab/sections.h"
 
 #include "torlib/geometry/geometry_class.h"
 
@@ -30,7 +30,7 @@ double ListedArea(const Outline& outline) {
 }
 
 /// Area and second moment about the horizontal axis, in the units of the outline.
-void TakeProperties(const Entry& entry, const Outline& outline, FrameSection& section) {
+void TakeProperties(const Entry& entry, const Outline& outline, Section& section) {
     const int corners = static_cast<int>(outline.size());
     Array<Single> x;
     Array<Single> Y;
@@ -74,8 +74,21 @@ Outline ReadPolygon(const Entry& entry) {
     return outline;
 }
 
-void ReadShape(const KeyTable& table, FrameSection& section) {
+/// Torsion constant of a rectangle.
+/// Source: Young and Budynas (2002), Roark's Formulas for Stress and Strain, table 10.1.
+double RectangleTorsion(double width, double height) {
+    const double a = std::max(width, height);
+    const double b = std::min(width, height);
+    return a * b * b * b * (1.0 / 3 - 0.21 * b / a * (1 - std::pow(b / a, 4) / 12));
+}
+
+void ReadShape(const KeyTable& table, SectionUse use, Section& section) {
     const std::string kind = table.OneOf({"area", "polygon", "width"});
+    if (use == SectionUse::Grid && kind != "width") {
+        section.Torsion = table.Get("torsion").Number(Positive);
+    } else if (table.Has("torsion")) {
+        table.Get("torsion").Fail("follows from width and height");
+    }
     if (kind == "area") {
         section.Area = table.Get("area").Number(Positive);
         section.Inertia = table.Get("inertia").Number(Positive);
@@ -91,31 +104,52 @@ void ReadShape(const KeyTable& table, FrameSection& section) {
     const double width = table.Get("width").Number(Positive);
     const double height = table.Get("height").Number(Positive);
     TakeProperties(table.Get("width"), {{0, 0}, {width, 0}, {width, height}, {0, height}}, section);
+    section.Torsion = RectangleTorsion(width, height);
+    section.ContactWidth = width;
+}
+
+/// What only a grid beam needs, after the shape is known in the units of the file.
+void ReadGridKeys(const KeyTable& table, const UnitScale& scale, Section& section) {
+    if (table.OneOf({"poisson", "shear_modulus"}) == "poisson") {
+        const double poisson = table.Get("poisson").Number(Between(0, 0.5));
+        section.ShearModulus = section.Modulus / (2 * (1 + poisson));
+    } else {
+        section.ShearModulus = table.Get("shear_modulus").Number(Positive) * scale.Modulus;
+    }
+    section.Torsion *= std::pow(scale.Length, 4);
+    section.ContactWidth =
+        table.NumberOr("contact_width", NotNegative, section.ContactWidth) * scale.Length;
 }
 
 } // namespace
 
-std::vector<FrameSection> ReadFrameSections(const KeyTable& root, const UnitScale& scale) {
-    std::vector<FrameSection> sections;
+std::vector<Section> ReadSections(const KeyTable& root, const UnitScale& scale, SectionUse use) {
+    std::vector<std::string> keys{"name",  "modulus", "area",    "inertia",
+                                  "width", "height",  "polygon", "unit_weight"};
+    if (use == SectionUse::Grid) {
+        keys.insert(keys.end(), {"torsion", "poisson", "shear_modulus", "contact_width"});
+    }
+    std::vector<Section> sections;
     for (const KeyTable& table : root.Tables("sections")) {
-        table.Allow(
-            {"name", "modulus", "area", "inertia", "width", "height", "polygon", "unit_weight"});
-        FrameSection section;
+        table.Allow(keys);
+        Section section;
         section.Name = table.Get("name").Text();
-        if (std::any_of(sections.begin(), sections.end(), [&section](const FrameSection& other) {
-                return other.Name == section.Name;
-            })) {
+        if (std::any_of(sections.begin(), sections.end(),
+                        [&section](const Section& other) { return other.Name == section.Name; })) {
             table.Get("name").Fail("\"" + section.Name + "\" is the name of an earlier section");
         }
-        ReadShape(table, section);
+        section.Modulus = table.Get("modulus").Number(Positive) * scale.Modulus;
+        ReadShape(table, use, section);
+        if (use == SectionUse::Grid) {
+            ReadGridKeys(table, scale, section);
+        }
         section.Area *= scale.Length * scale.Length;
         section.Inertia *= std::pow(scale.Length, 4);
-        section.Modulus = table.Get("modulus").Number(Positive) * scale.Modulus;
         section.UnitWeight = table.NumberOr("unit_weight", NotNegative, 0) * scale.Density;
         sections.push_back(section);
     }
     if (sections.empty()) {
-        root.Fail("a frame needs at least one of [[sections]]");
+        root.Fail("beams and members need at least one of [[sections]]");
     }
     return sections;
 }

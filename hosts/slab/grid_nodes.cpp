@@ -1,0 +1,125 @@
+#include "hosts/slab/grid_nodes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+namespace slab {
+
+namespace {
+
+/// Position along an axis and distance from it, m.
+struct Local {
+    double Along = 0;
+    double Off = 0;
+};
+
+Local LocalOf(const Axis& axis, const Point& p) {
+    const double dx = axis.To.x - axis.From.x;
+    const double dy = axis.To.y - axis.From.y;
+    const double length = std::hypot(dx, dy);
+    return {((p.x - axis.From.x) * dx + (p.y - axis.From.y) * dy) / length,
+            ((p.y - axis.From.y) * dx - (p.x - axis.From.x) * dy) / length};
+}
+
+bool IsOn(const Axis& axis, const Point& p, double tolerance) {
+    const double length = std::hypot(axis.To.x - axis.From.x, axis.To.y - axis.From.y);
+    const Local local = LocalOf(axis, p);
+    return std::fabs(local.Off) <= tolerance && local.Along >= -tolerance &&
+           local.Along <= length + tolerance;
+}
+
+/// Points, each once, found again by the cell of a raster they lie in.
+class Places {
+  public:
+    void Add(const Point& p) {
+        const auto cell = [](double x) { return std::llround(x / SamePlace); };
+        for (long long i = -1; i <= 1; ++i) {
+            for (long long j = -1; j <= 1; ++j) {
+                const auto known = cells_.find({cell(p.x) + i, cell(p.y) + j});
+                if (known != cells_.end() &&
+                    std::hypot(known->second.x - p.x, known->second.y - p.y) <= SamePlace) {
+                    return;
+                }
+            }
+        }
+        cells_.emplace(std::pair{cell(p.x), cell(p.y)}, p);
+    }
+
+    std::vector<Point> All() const {
+        std::vector<Point> points;
+        for (const auto& [cell, point] : cells_) {
+            points.push_back(point);
+        }
+        return points;
+    }
+
+  private:
+    std::map<std::pair<long long, long long>, Point> cells_;
+};
+
+/// The crossing of two axes away from the ends of both; parallels have none.
+bool Crossing(const Axis& a, const Axis& b, Point& at) {
+    const Local start = LocalOf(a, b.From);
+    const Local end = LocalOf(a, b.To);
+    if (start.Off * end.Off >= 0) {
+        return false;
+    }
+    const double t = start.Off / (start.Off - end.Off);
+    at = {b.From.x + t * (b.To.x - b.From.x), b.From.y + t * (b.To.y - b.From.y)};
+    return IsOn(a, at, SamePlace);
+}
+
+} // namespace
+
+std::vector<Point> GridNodes(const std::vector<Axis>& axes, const std::vector<Point>& places) {
+    Places found;
+    for (const Axis& axis : axes) {
+        found.Add(axis.From);
+        found.Add(axis.To);
+    }
+    for (const Point& place : places) {
+        if (std::any_of(axes.begin(), axes.end(),
+                        [&](const Axis& axis) { return IsOn(axis, place, SamePlace); })) {
+            found.Add(place);
+        }
+    }
+    for (std::size_t i = 0; i < axes.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            Point at;
+            if (Crossing(axes[i], axes[j], at)) {
+                found.Add(at);
+            }
+        }
+    }
+    std::vector<Point> nodes = found.All();
+    double width = 0;
+    double height = 0;
+    for (const Point& p : nodes) {
+        width = std::max(width, std::fabs(p.x - nodes.front().x));
+        height = std::max(height, std::fabs(p.y - nodes.front().y));
+    }
+    if (height > width) {
+        std::stable_sort(nodes.begin(), nodes.end(), [](const Point& a, const Point& b) {
+            return std::llround(a.y / SamePlace) < std::llround(b.y / SamePlace);
+        });
+    }
+    return nodes;
+}
+
+std::vector<int> NodesOnAxis(const Axis& axis, const std::vector<Point>& nodes, double tolerance) {
+    std::vector<std::pair<double, int>> found;
+    for (std::size_t n = 0; n < nodes.size(); ++n) {
+        if (IsOn(axis, nodes[n], tolerance)) {
+            found.emplace_back(LocalOf(axis, nodes[n]).Along, static_cast<int>(n) + 1);
+        }
+    }
+    std::sort(found.begin(), found.end());
+    std::vector<int> numbers;
+    for (const auto& [along, number] : found) {
+        numbers.push_back(number);
+    }
+    return numbers;
+}
+
+} // namespace slab

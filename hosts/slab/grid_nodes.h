@@ -1,0 +1,26 @@
+#pragma once
+// Where the nodes of a grid of beams lie. Axes and places are compared with a tolerance here, in
+// double precision, so that beams meet although their coordinates were rounded.
+
+#include "hosts/slab/model.h"
+
+namespace slab {
+
+/// The library takes points closer than a millimetre for one.
+constexpr double SamePlace = 0.001;
+constexpr double ShortestPiece = 0.01;
+
+/// The axis of a beam, m.
+struct Axis {
+    Point From;
+    Point To;
+};
+
+/// The ends and crossings of the axes, and those of the places that lie on an axis; each once, in
+/// an order that keeps the band narrow.
+std::vector<Point> GridNodes(const std::vector<Axis>& axes, const std::vector<Point>& places);
+
+/// Numbers, from 1, of the nodes on an axis from its start to its end.
+std::vector<int> NodesOnAxis(const Axis& axis, const std::vector<Point>& nodes, double tolerance);
+
+} // namespace slab
