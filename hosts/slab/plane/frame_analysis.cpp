@@ -10,12 +10,9 @@
 
 namespace slab {
 
-using torlib::Array;
-using torlib::Single;
-
 namespace {
 
-/// K u - Q of a member, turned into its axes by the library.
+/// K u - Q of a member, turned into its axes.
 MemberForces ForcesOf(const FrameModel& frame, std::size_t m, const Vector& u,
                       torlib::FEM_Class& fem) {
     const PlaneElement element = FrameElement(frame, m, fem);
@@ -29,12 +26,16 @@ MemberForces ForcesOf(const FrameModel& frame, std::size_t m, const Vector& u,
         }
     }
     const MemberAxis axis = AxisOf(frame, m);
-    const AxisLoads loads = LoadsAlong(frame, m);
+    Vector local(6);
+    for (std::size_t i = 0; i < 6; i += 3) {
+        local[i] = axis.Cos * global[i] + axis.Sin * global[i + 1];
+        local[i + 1] = axis.Cos * global[i + 1] - axis.Sin * global[i];
+        local[i + 2] = global[i + 2];
+    }
     MemberForces forces;
-    forces.Start = {-(axis.Cos * global[0] + axis.Sin * global[1]),
-                    axis.Cos * global[1] - axis.Sin * global[0], global[2]};
-    forces.Along = loads.Along;
-    forces.Across = loads.Across;
+    forces.Start = {-local[0], local[1], local[2]};
+    forces.End = {local[3], -local[4], -local[5]};
+    forces.Across = LoadsAlong(frame, m).Across;
     forces.Length = axis.Length;
     return forces;
 }
@@ -62,7 +63,7 @@ ResultTable MemberTable(const FrameModel& frame, const std::vector<MemberForces>
     for (std::size_t m = 0; m < forces.size(); ++m) {
         const MemberForces& along = forces[m];
         const Element& element = frame.Base.Elements[m];
-        const SectionForces end = along.At(along.Length);
+        const SectionForces& end = along.End;
         const double x = along.PlaceOfExtreme();
         const double f = units.Force;
         const double fl = units.Force * units.Length;
@@ -92,7 +93,9 @@ void AddFacts(const FrameModel& frame, PlaneResults& results) {
 } // namespace
 
 SectionForces MemberForces::At(double x) const {
-    return {Start.N - Along * x, Start.V + Across * x, Start.M + Start.V * x + Across * x * x / 2};
+    const double t = x / Length;
+    return {(1 - t) * Start.N + t * End.N, (1 - t) * Start.V + t * End.V,
+            (1 - t) * Start.M + t * End.M - Across * x * (Length - x) / 2};
 }
 
 double MemberForces::PlaceOfExtreme() const {
@@ -100,7 +103,7 @@ double MemberForces::PlaceOfExtreme() const {
     if (x > 0 && x < Length) {
         return x;
     }
-    return std::fabs(At(Length).M) > std::fabs(Start.M) ? Length : 0;
+    return std::fabs(End.M) > std::fabs(Start.M) ? Length : 0;
 }
 
 PlaneResults AnalyseFrame(const FrameModel& frame, const AnalysisOptions& options,
