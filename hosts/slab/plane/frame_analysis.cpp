@@ -5,6 +5,7 @@
 #include "hosts/slab/plane/plane_mechanism.h"
 #include "hosts/slab/quantities.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 
@@ -60,18 +61,29 @@ ResultTable MemberTable(const FrameModel& frame, const std::vector<MemberForces>
                        {"m_extreme", "M extreme", moment},
                        {"x_extreme", "at x", units.LengthName}},
                       {}};
+    SectionForces size;
+    for (const MemberForces& along : forces) {
+        for (const SectionForces& end : {along.Start, along.End}) {
+            size.N = std::max({size.N, std::fabs(end.N), std::fabs(end.V)});
+            size.M = std::max(size.M, std::fabs(end.M));
+        }
+    }
     for (std::size_t m = 0; m < forces.size(); ++m) {
         const MemberForces& along = forces[m];
         const Element& element = frame.Base.Elements[m];
-        const SectionForces& end = along.End;
         const double x = along.PlaceOfExtreme();
-        const double f = units.Force;
-        const double fl = units.Force * units.Length;
         table.Rows.push_back({static_cast<double>(m + 1), static_cast<double>(element.Node[0]),
-                              static_cast<double>(element.Node[1]), along.Start.N / f,
-                              along.Start.V / f, along.Start.M / fl, end.N / f, end.V / f,
-                              end.M / fl, along.At(along.Length / 2).M / fl, along.At(x).M / fl,
-                              x / units.Length});
+                              static_cast<double>(element.Node[1])});
+        std::vector<double>& row = table.Rows.back();
+        for (const SectionForces& end : {along.Start, along.End}) {
+            row.push_back(Tidied(end.N, size.N) / units.Force);
+            row.push_back(Tidied(end.V, size.N) / units.Force);
+            row.push_back(Tidied(end.M, size.M) / units.Force / units.Length);
+        }
+        for (const double place : {along.Length / 2, x}) {
+            row.push_back(Tidied(along.At(place).M, size.M) / units.Force / units.Length);
+        }
+        row.push_back(x / units.Length);
     }
     return table;
 }

@@ -36,6 +36,9 @@ struct MemberForces {
 
 // What both systems share.
 
+/// The value, or 0 where it is only what rounding leaves beside values of this size.
+double Tidied(double value, double size);
+
 /// The restraints of model, symmetry and idle rotations (node numbers).
 RestraintList PlaneRestraints(const Model& model, const std::vector<int>& idle, bool frame);
 
