@@ -13,6 +13,8 @@ struct System {
 
 constexpr System systems[] = {
     {"slab", OpenSlab},
+    {"frame", OpenFrame},
+    {"wall", OpenWall},
 };
 
 const System& SystemOf(const KeyTable& root) {
