@@ -159,17 +159,13 @@ Mode TriangleMode(const Shape& s, std::size_t i) {
 
 std::vector<Mode> ModesOf(const Shape& s) {
     std::vector<Mode> modes;
-    for (int degree = 0; degree <= 3; ++degree) {
-        for (int m = degree; m >= 0 && degree <= (s.corners.size() == 4 ? 3 : 2); --m) {
-            modes.push_back(Monomial(s, m, degree - m));
-        }
+    for (std::size_t i = 0; s.corners.size() == 3 && i < 9; ++i) {
+        modes.push_back(TriangleMode(s, i));
     }
-    if (s.corners.size() == 4) {
-        modes.push_back(Monomial(s, 3, 1));
-        modes.push_back(Monomial(s, 1, 3));
-    } else {
-        for (std::size_t i = 0; i < 9; ++i) {
-            modes.push_back(TriangleMode(s, i));
+    for (int k = 0; s.corners.size() == 4 && k < 16; ++k) { // x^m y^n without x^2 y^2 and beyond
+        const int m = k / 4, n = k % 4;
+        if (m + n <= 3 || m * n == 3) {
+            modes.push_back(Monomial(s, m, n));
         }
     }
     return modes;

@@ -16,8 +16,9 @@ struct PlateModel : BandSystem<3> {
     PlateModel(int cells, int corners, double a, double b, Single e, Single T, double pressure)
         : n(cells), X(Bounds{1, (n + 1) * (n + 1)}), Y(X) {
         for (int k = 0; k < X.UBound(); ++k) {
-            X(k + 1) = a * (k % (n + 1)) / n;
-            Y(k + 1) = b * (k / (n + 1)) / n;
+            const int i = k % (n + 1), j = k / (n + 1);
+            X(k + 1) = a * i / n;
+            Y(k + 1) = b * j / n;
         }
         Size(X.UBound(), 3 * (n + 3)); // a cell's corners differ by up to n + 2
         for (int k = 0; k < n * n; ++k) {

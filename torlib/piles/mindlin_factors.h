@@ -27,7 +27,7 @@ struct Soil {
 Real WithRest(Real first, Real R1, Real R2, Real c, Real z, const Soil& soil);
 
 /// A function at the ends of the steps, from 0 to Pi; the running angle is kept in 32 bits. Sines
-/// and cosines are as dear as all else in a factor: a table of them serves every call.
+/// and cosines would be a third of a factor's time: a table of them serves every call.
 template <class Function>
 auto AtAngles(Function at) {
     std::array<decltype(at(Single())), Steps + 1> values;

@@ -5,17 +5,15 @@
 #include "hosts/slab/plane/plane_mechanism.h"
 #include "hosts/slab/quantities.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 
 namespace slab {
 
-using torlib::Array;
-using torlib::Single;
-
 namespace {
 
-/// K u - Q of a member, turned into its axes by the library.
+/// K u - Q of a member, turned into its axes.
 MemberForces ForcesOf(const FrameModel& frame, std::size_t m, const Vector& u,
                       torlib::FEM_Class& fem) {
     const PlaneElement element = FrameElement(frame, m, fem);
@@ -29,12 +27,16 @@ MemberForces ForcesOf(const FrameModel& frame, std::size_t m, const Vector& u,
         }
     }
     const MemberAxis axis = AxisOf(frame, m);
-    const AxisLoads loads = LoadsAlong(frame, m);
+    Vector local(6);
+    for (std::size_t i = 0; i < 6; i += 3) {
+        local[i] = axis.Cos * global[i] + axis.Sin * global[i + 1];
+        local[i + 1] = axis.Cos * global[i + 1] - axis.Sin * global[i];
+        local[i + 2] = global[i + 2];
+    }
     MemberForces forces;
-    forces.Start = {-(axis.Cos * global[0] + axis.Sin * global[1]),
-                    axis.Cos * global[1] - axis.Sin * global[0], global[2]};
-    forces.Along = loads.Along;
-    forces.Across = loads.Across;
+    forces.Start = {-local[0], local[1], local[2]};
+    forces.End = {local[3], -local[4], -local[5]};
+    forces.Across = LoadsAlong(frame, m).Across;
     forces.Length = axis.Length;
     return forces;
 }
@@ -59,18 +61,29 @@ ResultTable MemberTable(const FrameModel& frame, const std::vector<MemberForces>
                        {"m_extreme", "M extreme", moment},
                        {"x_extreme", "at x", units.LengthName}},
                       {}};
+    SectionForces size;
+    for (const MemberForces& along : forces) {
+        for (const SectionForces& end : {along.Start, along.End}) {
+            size.N = std::max({size.N, std::fabs(end.N), std::fabs(end.V)});
+            size.M = std::max(size.M, std::fabs(end.M));
+        }
+    }
     for (std::size_t m = 0; m < forces.size(); ++m) {
         const MemberForces& along = forces[m];
         const Element& element = frame.Base.Elements[m];
-        const SectionForces end = along.At(along.Length);
         const double x = along.PlaceOfExtreme();
-        const double f = units.Force;
-        const double fl = units.Force * units.Length;
         table.Rows.push_back({static_cast<double>(m + 1), static_cast<double>(element.Node[0]),
-                              static_cast<double>(element.Node[1]), along.Start.N / f,
-                              along.Start.V / f, along.Start.M / fl, end.N / f, end.V / f,
-                              end.M / fl, along.At(along.Length / 2).M / fl, along.At(x).M / fl,
-                              x / units.Length});
+                              static_cast<double>(element.Node[1])});
+        std::vector<double>& row = table.Rows.back();
+        for (const SectionForces& end : {along.Start, along.End}) {
+            row.push_back(Tidied(end.N, size.N) / units.Force);
+            row.push_back(Tidied(end.V, size.N) / units.Force);
+            row.push_back(Tidied(end.M, size.M) / units.Force / units.Length);
+        }
+        for (const double place : {along.Length / 2, x}) {
+            row.push_back(Tidied(along.At(place).M, size.M) / units.Force / units.Length);
+        }
+        row.push_back(x / units.Length);
     }
     return table;
 }
@@ -92,7 +105,9 @@ void AddFacts(const FrameModel& frame, PlaneResults& results) {
 } // namespace
 
 SectionForces MemberForces::At(double x) const {
-    return {Start.N - Along * x, Start.V + Across * x, Start.M + Start.V * x + Across * x * x / 2};
+    const double t = x / Length;
+    return {(1 - t) * Start.N + t * End.N, (1 - t) * Start.V + t * End.V,
+            (1 - t) * Start.M + t * End.M - Across * x * (Length - x) / 2};
 }
 
 double MemberForces::PlaceOfExtreme() const {
@@ -100,7 +115,7 @@ double MemberForces::PlaceOfExtreme() const {
     if (x > 0 && x < Length) {
         return x;
     }
-    return std::fabs(At(Length).M) > std::fabs(Start.M) ? Length : 0;
+    return std::fabs(End.M) > std::fabs(Start.M) ? Length : 0;
 }
 
 PlaneResults AnalyseFrame(const FrameModel& frame, const AnalysisOptions& options,

@@ -12,8 +12,9 @@ namespace slab {
 
 namespace {
 
-constexpr int pieces = 20; // of a member's curve
-constexpr double hinge_distance = 7;
+constexpr int pieces = 20;           // of a member's curve
+constexpr double hinge_distance = 7; // pixels from the node
+constexpr double label_inset = 0.08; // of the length, from the ends
 const char* const member_style = "fill=\"none\" stroke=\"#333\" stroke-width=\"2.5\"";
 const char* const moment_style =
     "fill=\"#c0392b\" fill-opacity=\".15\" stroke=\"#c0392b\" stroke-width=\"1\"";
@@ -22,8 +23,9 @@ const char* const deflection_style =
 
 /// Deflection to the left at x, relative to the chord: EI w'' = M with w = 0 at both ends.
 double Bow(const MemberForces& f, double EI, double x) {
-    const auto twice = [&f](double s) {
-        return f.Start.M * s * s / 2 + f.Start.V * s * s * s / 6 + f.Across * s * s * s * s / 24;
+    const double shear = (f.End.M - f.Start.M) / f.Length - f.Across * f.Length / 2;
+    const auto twice = [&f, shear](double s) {
+        return f.Start.M * s * s / 2 + shear * s * s * s / 6 + f.Across * s * s * s * s / 24;
     };
     return (twice(x) - twice(f.Length) * x / f.Length) / EI;
 }
@@ -83,13 +85,22 @@ class Drawing {
         }
         outline.push_back(Beside(m, f.Length, 0));
         canvas_.Path(outline, moment_style);
-        const Units& units = frame_.Base.Units;
-        for (const double x : {0.0, f.PlaceOfExtreme(), f.Length}) {
-            const double M = f.At(x).M;
-            if (std::fabs(M) > smallestLabel_) {
-                canvas_.Text(Beside(m, x, -M * momentScale_),
-                             NumberText(M / units.Force / units.Length, 3), "fill=\"#c0392b\"");
-            }
+        const double inset = label_inset * f.Length;
+        Label(m, inset, f.Start.M);
+        Label(m, f.Length - inset, f.End.M);
+        const double x = f.PlaceOfExtreme();
+        if (x > 2 * inset && x < f.Length - 2 * inset) {
+            Label(m, x, f.At(x).M);
+        }
+    }
+
+    /// A moment, unless it is too small to matter, at the edge of its diagram.
+    void Label(std::size_t m, double x, double moment) {
+        if (std::fabs(moment) > smallestLabel_) {
+            const Units& units = frame_.Base.Units;
+            const double left = -forces_[m].At(x).M * momentScale_;
+            canvas_.Text(Beside(m, x, left), NumberText(moment / units.Force / units.Length, 3),
+                         "fill=\"#c0392b\" text-anchor=\"middle\"");
         }
     }
 

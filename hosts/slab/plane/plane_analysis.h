@@ -25,8 +25,8 @@ struct SectionForces {
 /// The forces along a member under its line loads.
 struct MemberForces {
     SectionForces Start;
-    double Along = 0;  ///< load from start to end, kN/m
-    double Across = 0; ///< load to the left of that direction, kN/m
+    SectionForces End;
+    double Across = 0; ///< load to the left of the way from start to end, kN/m
     double Length = 0;
 
     SectionForces At(double x) const;
@@ -35,6 +35,9 @@ struct MemberForces {
 };
 
 // What both systems share.
+
+/// The value, or 0 where it is only what rounding leaves beside values of this size.
+double Tidied(double value, double size);
 
 /// The restraints of model, symmetry and idle rotations (node numbers).
 RestraintList PlaneRestraints(const Model& model, const std::vector<int>& idle, bool frame);

@@ -67,7 +67,11 @@ void PlaneCanvas::Supports(const Model& model) {
         const Point p = OnPaper(model.Nodes[static_cast<std::size_t>(node - 1)]);
         const char* const style = "fill=\"#ddd\" stroke=\"#333\"";
         if (turns) {
-            Path({{p.x - 7, p.y}, {p.x + 7, p.y}, {p.x + 7, p.y + 12}, {p.x - 7, p.y + 12}, p},
+            Path({{p.x - 7, p.y},
+                  {p.x + 7, p.y},
+                  {p.x + 7, p.y + 12},
+                  {p.x - 7, p.y + 12},
+                  {p.x - 7, p.y}},
                  style);
         } else {
             Path({p, {p.x + 7, p.y + 12}, {p.x - 7, p.y + 12}, p}, style);

@@ -19,6 +19,8 @@ namespace {
 
 /// Residual or imbalance, relative to the loads, from which on a result is not to be trusted.
 constexpr double doubtful = 0.01;
+/// What double precision leaves of a value that vanishes, relative to its neighbours.
+constexpr double rounding = 1e-12;
 
 std::string MomentName(const Units& units) {
     return units.ForceName + "." + units.LengthName;
@@ -46,6 +48,14 @@ ResultTable NodeTable(const Model& model, const Vector& u, bool frame) {
         }
     }
     return table;
+}
+
+double SizeOf(const Vector& forces, double reach) {
+    double size = 0;
+    for (std::size_t i = 0; i < forces.size(); ++i) {
+        size += std::fabs(forces[i]) / (i % 3 == 2 ? reach : 1);
+    }
+    return size;
 }
 
 ResultTable ForceTable(const Model& model, const char* key, const char* title,
@@ -93,14 +103,6 @@ std::array<double, 3> SumOf(const Model& model, const Centre& centre, const Vect
     return sum;
 }
 
-double SizeOf(const Vector& forces, double reach) {
-    double size = 0;
-    for (std::size_t i = 0; i < forces.size(); ++i) {
-        size += std::fabs(forces[i]) / (i % 3 == 2 ? reach : 1);
-    }
-    return size;
-}
-
 PlaneBalance BalanceOf(const Model& model, const Vector& loads, const Vector& supports,
                        const Vector& springs) {
     const Centre centre = CentreOfAll(model);
@@ -119,7 +121,9 @@ PlaneBalance BalanceOf(const Model& model, const Vector& loads, const Vector& su
     }
     for (std::array<double, 3>* sum : {&balance.Loads, &balance.Supports, &balance.Springs}) {
         for (std::size_t f = 0; f < 3; ++f) {
-            (*sum)[f] /= model.Units.Force * (f == 2 ? model.Units.Length : 1);
+            const double reach = f == 2 ? centre.Reach : 1;
+            (*sum)[f] = Tidied((*sum)[f], size * reach) / model.Units.Force /
+                        (f == 2 ? model.Units.Length : 1);
         }
     }
     return balance;
@@ -141,6 +145,10 @@ void Warn(const AnalysisOptions& options, PlaneResults& results) {
 }
 
 } // namespace
+
+double Tidied(double value, double size) {
+    return std::fabs(value) <= rounding * size ? 0 : value;
+}
 
 RestraintList PlaneRestraints(const Model& model, const std::vector<int>& idle, bool frame) {
     torlib::FEM_Class fem;

@@ -17,7 +17,8 @@ namespace slab {
 
 namespace {
 
-/// Names the node that moves most, and its direction.
+/// Names the node that moves most, and its direction. Some node does: where a rotation matters no
+/// member lets it go alone.
 [[noreturn]] void FailFor(const Model& model, const Vector& motion) {
     std::size_t worst = 0;
     for (std::size_t i = 0; i < motion.size(); ++i) {
@@ -25,14 +26,7 @@ namespace {
             worst = i;
         }
     }
-    if (std::fabs(motion[worst]) < 1e-9) {
-        // No node moves, so one turns.
-        worst = 2;
-        for (std::size_t i = 2; i < motion.size(); i += 3) {
-            worst = std::fabs(motion[i]) > std::fabs(motion[worst]) ? i : worst;
-        }
-    }
-    const char* const directions[] = {"displacement in x", "displacement in y", "rotation"};
+    const char* const directions[] = {"displacement in x", "displacement in y"};
     throw AnalysisFailure("mechanism: " + NameOfNode(model, static_cast<int>(worst / 3) + 1) +
                           " is free in its " + directions[worst % 3] +
                           "; the structure there moves without resistance. Add supports or "
