@@ -109,6 +109,11 @@ void FillReactions(const Model& model, const SlabSystem& system, const ContactSt
         results.Reactions.push_back(reaction);
     }
     slab::Balance& balance = results.Balance;
+    for (const Pile& pile : model.Piling.Piles) {
+        const double force = state.Force[static_cast<std::size_t>(pile.Node - 1)];
+        balance.Piles += force;
+        balance.Soil -= force; // of the sum over all nodes below
+    }
     double sizes = 0;
     for (std::size_t n = 0; n < model.Nodes.size(); ++n) {
         const double load = system.Loads()[3 * n];
@@ -132,7 +137,7 @@ void FillReactions(const Model& model, const SlabSystem& system, const ContactSt
         balance.RelativeError += std::fabs(held[3 * n]);
     }
     sizes = sizes > 0 ? sizes : balance.RelativeError;
-    const double error = balance.Loads - balance.Soil - balance.Supports - balance.Springs;
+    const double error = balance.Loads - balance.Soil - balance.Piles - balance.Supports - balance.Springs;
     balance.RelativeError = sizes > 0 ? std::fabs(error) / sizes : 0;
 }
 

@@ -103,6 +103,20 @@ bool SymmetryLines::Silent(const Point& p) const {
     return (acrossX_ < 0 && OnYMax(p)) || (acrossY_ < 0 && OnXMax(p));
 }
 
+std::vector<MirrorImage> MirrorImages(const Point& p, const SymmetryLines& lines) {
+    std::vector<MirrorImage> images{{p, 1.0}};
+    if (lines.AcrossX() != 0) {
+        images.push_back({{p.x, 2 * lines.YMax() - p.y}, double(lines.AcrossX())});
+    }
+    if (lines.AcrossY() != 0) {
+        for (std::size_t i = images.size(); i-- > 0;) {
+            images.push_back({{2 * lines.XMax() - images[i].At.x, images[i].At.y},
+                              images[i].Sign * lines.AcrossY()});
+        }
+    }
+    return images;
+}
+
 std::string NameOfNode(const Model& model, int node) {
     const Point& p = model.Nodes[static_cast<std::size_t>(node - 1)];
     const Units& units = model.Units;

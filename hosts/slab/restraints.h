@@ -45,6 +45,16 @@ class SymmetryLines {
     double yMax_ = 0;
 };
 
+/// A place and the sign with which what stands there answers.
+struct MirrorImage {
+    Point At;
+    double Sign = 1;
+};
+
+/// The point and its mirror images: the settlement at the point from a mirrored load is that at the
+/// mirrored point from the load itself. On a symmetry line a point is its own image and comes twice.
+std::vector<MirrorImage> MirrorImages(const Point& p, const SymmetryLines& lines);
+
 /// "node 12 at x = 3 m, y = 4 m".
 std::string NameOfNode(const Model& model, int node);
 /// "settlement", "slope in x" or "slope in y" for freedom 1, 2 or 3.

@@ -44,6 +44,10 @@ class SoilIteration {
             springs_.push_back(possible ? 1 / soil.Coefficient(node, node) : 0);
         }
         contact_ = possible_;
+        piled_.assign(count_, 0);
+        for (const Pile& pile : model.Piling.Piles) {
+            piled_[static_cast<std::size_t>(pile.Node - 1)] = 1;
+        }
     }
 
     ContactState Run();
@@ -64,6 +68,7 @@ class SoilIteration {
     std::size_t count_;
     std::vector<char> possible_; // nodes that can be in contact
     std::vector<char> contact_;  // nodes that are
+    std::vector<char> piled_;    // nodes on a pile, which can pull
     Vector springs_;             // kN/m, of the possible nodes
     Vector mismatch_;            // slab less soil settlement, 0 where there is no contact
     std::vector<Direction> directions_;
@@ -172,7 +177,7 @@ bool SoilIteration::ReviseContact() {
     const double smallGap = 1e-4 * LargestSettlement();
     bool changed = false;
     for (std::size_t n = 0; n < count_; ++n) {
-        const bool pulls = contact_[n] && state_.Force[n] < -smallForce;
+        const bool pulls = contact_[n] && !piled_[n] && state_.Force[n] < -smallForce;
         const bool sinks =
             possible_[n] && !contact_[n] && state_.Displacement[3 * n] - settlement[n] > smallGap;
         if (pulls || sinks) {

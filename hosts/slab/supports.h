@@ -5,6 +5,9 @@
 
 namespace slab {
 
+/// The mesh node at a place [x, y], which may be off by the snapping distance.
+int MeshNodeAt(const Entry& entry, const ProjectDraft& draft);
+
 /// Reads [[supports]] into restraints.
 void ReadSupports(const KeyTable& root, ProjectDraft& draft);
 
