@@ -78,6 +78,7 @@ struct Pile {
     double Length = 0;   ///< m
     double Diameter = 0; ///< m
     double Modulus = 0;  ///< kN/m2; 0 for a pile that cannot be compressed
+    double Capacity = 0; ///< kN, most that the head can carry; 0 for no limit
 };
 
 /// The piles under a slab, which then needs a half-space or one layer.

@@ -1,4 +1,5 @@
 #include "hosts/slab/output.h"
+#include "hosts/slab/piles/pile_lines.h"
 #include "hosts/slab/quantities.h"
 #include "hosts/slab/report_lines.h"
 
@@ -29,6 +30,7 @@ class Report {
         ExtremeValues();
         BalanceAndDigits();
         Iteration();
+        Piles();
         NodeTable();
         ReactionTable();
         Warnings();
@@ -122,6 +124,9 @@ class Report {
         const Balance& balance = results_.Balance;
         Force("Loads", balance.Loads);
         Force("Soil", balance.Soil);
+        if (!results_.Piles.empty()) {
+            Force("Piles", balance.Piles);
+        }
         Force("Supports", balance.Supports);
         Force("Springs", balance.Springs);
         Line("Relative error", "", "-", NumberText(balance.RelativeError));
@@ -153,6 +158,16 @@ class Report {
             Cell(row, Value(Dimension::Settlement, cycle.Change), 20);
             Cell(row, Value(Dimension::Settlement, cycle.Mismatch), 20);
             text_ += row + u"\r\n";
+        }
+    }
+
+    void Piles() {
+        if (results_.Piles.empty()) {
+            return;
+        }
+        Heading("Piles (all of a pile that a symmetry line cuts)");
+        for (const std::string& line : PileTable(model_, results_)) {
+            Raw(line);
         }
     }
 

@@ -99,6 +99,10 @@ bool SymmetryLines::OnYMax(const Point& p) const {
     return std::fabs(p.y - yMax_) < 0.001;
 }
 
+int SymmetryLines::PartsAt(const Point& p) const {
+    return (acrossY_ != 0 && OnXMax(p) ? 2 : 1) * (acrossX_ != 0 && OnYMax(p) ? 2 : 1);
+}
+
 bool SymmetryLines::Silent(const Point& p) const {
     return (acrossX_ < 0 && OnYMax(p)) || (acrossY_ < 0 && OnXMax(p));
 }

@@ -35,6 +35,8 @@ class SymmetryLines {
     double YMax() const { return yMax_; }
     bool OnXMax(const Point& p) const;
     bool OnYMax(const Point& p) const;
+    /// How many times the part of a thing at this place makes the whole: 1, 2 on a line, 4 on two.
+    int PartsAt(const Point& p) const;
     /// On a line where settlement and contact force vanish by antisymmetry.
     bool Silent(const Point& p) const;
 

@@ -34,6 +34,7 @@ struct PileResult {
     double Base = 0;
     double Settlement = 0;     ///< of the head, m
     double BaseSettlement = 0; ///< m, less by the pile's compression
+    bool Exhausted = false;    ///< carries its capacity, and slips
     std::vector<double> Segments; ///< what each piece of the shaft hands over, from the top
 };
 

@@ -71,7 +71,7 @@ void CheckPlace(const Entry& entry, const Pile& pile, const ProjectDraft& draft,
 }
 
 void ReadGroup(const KeyTable& group, ProjectDraft& draft, const SymmetryLines& lines) {
-    group.Allow({"at", "length", "diameter", "modulus"});
+    group.Allow({"at", "length", "diameter", "modulus", "capacity"});
     Pile pile;
     pile.Diameter = group.Get("diameter").Number(Positive) * draft.Scale.Length;
     const Entry length = group.Get("length");
@@ -91,6 +91,9 @@ void ReadGroup(const KeyTable& group, ProjectDraft& draft, const SymmetryLines& 
     }
     if (const auto modulus = group.Find("modulus")) {
         pile.Modulus = modulus->Number(Positive) * draft.Scale.Modulus;
+    }
+    if (const auto capacity = group.Find("capacity")) {
+        pile.Capacity = capacity->Number(Positive) * draft.Scale.Force;
     }
     const Entry at = group.Get("at");
     std::vector<Entry> places = at.List();

@@ -193,7 +193,7 @@ std::vector<PileResult> PiledSoil::PileResults(const Vector& forces) const {
     }
     std::vector<PileResult> results;
     for (const Pile& pile : model_.Piling.Piles) {
-        results.push_back({pile.Node, 0, 0, 0, 0, 0, {}});
+        results.emplace_back().Node = pile.Node;
     }
     const double* row = pileForces_.data();
     for (std::size_t i = 0; i < nodes_.size(); ++i) {
@@ -220,8 +220,10 @@ std::vector<PileResult> PiledSoil::PileResults(const Vector& forces) const {
         // A force compresses the pile above it, and the base comes down less by as much.
         pile.BaseSettlement -= force * Compression(node, node);
     }
-    for (PileResult& pile : results) {
-        pile.BaseSettlement += pile.Settlement;
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        const double capacity = model_.Piling.Piles[i].Capacity;
+        results[i].BaseSettlement += results[i].Settlement;
+        results[i].Exhausted = capacity > 0 && results[i].Head > (1 - 1e-4) * capacity;
     }
     return results;
 }
