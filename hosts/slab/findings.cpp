@@ -110,16 +110,14 @@ void FillReactions(const Model& model, const SlabSystem& system, const ContactSt
     }
     slab::Balance& balance = results.Balance;
     for (const Pile& pile : model.Piling.Piles) {
-        const double force = state.Force[static_cast<std::size_t>(pile.Node - 1)];
-        balance.Piles += force;
-        balance.Soil -= force; // of the sum over all nodes below
+        balance.Piles += state.Force[static_cast<std::size_t>(pile.Node - 1)];
     }
     double sizes = 0;
     for (std::size_t n = 0; n < model.Nodes.size(); ++n) {
         const double load = system.Loads()[3 * n];
         balance.Loads += load;
         sizes += std::fabs(load);
-        balance.Soil += state.Force.empty() ? 0 : state.Force[n];
+        balance.Soil += results.Nodes[n].ContactForce;
         balance.Supports -= restraints.Held[3 * n] ? held[3 * n] : 0;
         Reaction spring{static_cast<int>(n) + 1, {}, true};
         bool any = false;

@@ -13,6 +13,7 @@ struct System {
 
 constexpr System systems[] = {
     {"slab", OpenSlab},
+    {"pile", OpenPile},
 };
 
 const System& SystemOf(const KeyTable& root) {

@@ -47,5 +47,6 @@ std::unique_ptr<Project> OpenProjectText(const std::string& text, const std::str
 // The readers of the single systems.
 class ProjectFile;
 std::unique_ptr<Project> OpenSlab(const ProjectFile& file);
+std::unique_ptr<Project> OpenPile(const ProjectFile& file);
 
 } // namespace slab
