@@ -33,8 +33,7 @@ ContactState Settle(const Model& model, const std::vector<ContactArea>& areas, S
     if (!model.Piling.Piles.empty()) {
         const PiledSoil soil(model, areas, window);
         results.SoilSeconds = SecondsSince(start);
-        ContactState state =
-            SettleOnSoil(model, soil.Areas(), soil.Flexibility(), system, window);
+        ContactState state = SettleOnSoil(model, soil.Areas(), soil.Flexibility(), system, window);
         results.Piles = soil.PileResults(state.Force);
         return state;
     }

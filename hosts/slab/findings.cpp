@@ -135,7 +135,8 @@ void FillReactions(const Model& model, const SlabSystem& system, const ContactSt
         balance.RelativeError += std::fabs(held[3 * n]);
     }
     sizes = sizes > 0 ? sizes : balance.RelativeError;
-    const double error = balance.Loads - balance.Soil - balance.Piles - balance.Supports - balance.Springs;
+    const double error =
+        balance.Loads - balance.Soil - balance.Piles - balance.Supports - balance.Springs;
     balance.RelativeError = sizes > 0 ? std::fabs(error) / sizes : 0;
 }
 

@@ -114,12 +114,9 @@ Json PilesOf(const Model& model, const Results& results) {
 
 Json BalanceOf(const Model& model, const Balance& balance) {
     const double force = model.Units.Force;
-    return {{"loads", balance.Loads / force},
-            {"soil", balance.Soil / force},
-            {"piles", balance.Piles / force},
-            {"supports", balance.Supports / force},
-            {"springs", balance.Springs / force},
-            {"relative_error", balance.RelativeError}};
+    return {{"loads", balance.Loads / force},     {"soil", balance.Soil / force},
+            {"piles", balance.Piles / force},     {"supports", balance.Supports / force},
+            {"springs", balance.Springs / force}, {"relative_error", balance.RelativeError}};
 }
 
 } // namespace

@@ -54,7 +54,8 @@ struct MirrorImage {
 };
 
 /// The point and its mirror images: the settlement at the point from a mirrored load is that at the
-/// mirrored point from the load itself. On a symmetry line a point is its own image and comes twice.
+/// mirrored point from the load itself. On a symmetry line a point is its own image and comes
+/// twice.
 std::vector<MirrorImage> MirrorImages(const Point& p, const SymmetryLines& lines);
 
 /// "node 12 at x = 3 m, y = 4 m".

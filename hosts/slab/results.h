@@ -29,12 +29,12 @@ struct Reaction {
 /// What a pile carries, all of it where a symmetry line cuts it; kN, compression positive.
 struct PileResult {
     int Node = 0;
-    double Head = 0;           ///< load on the head: shaft and base
+    double Head = 0; ///< load on the head: shaft and base
     double Shaft = 0;
     double Base = 0;
-    double Settlement = 0;     ///< of the head, m
-    double BaseSettlement = 0; ///< m, less by the pile's compression
-    bool Exhausted = false;    ///< carries its capacity, and slips
+    double Settlement = 0;        ///< of the head, m
+    double BaseSettlement = 0;    ///< m, less by the pile's compression
+    bool Exhausted = false;       ///< carries its capacity, and slips
     std::vector<double> Segments; ///< what each piece of the shaft hands over, from the top
 };
 

@@ -35,7 +35,12 @@ class SoilIteration {
   public:
     SoilIteration(const Model& model, const std::vector<ContactArea>& areas,
                   const SoilFlexibility& soil, SlabSystem& system, RunWindow& window)
-        : model_(model), soil_(soil), system_(system), window_(window), count_(areas.size()), revisable_(model.Soil.TensionCutOff) {
+        : model_(model),
+          soil_(soil),
+          system_(system),
+          window_(window),
+          count_(areas.size()),
+          revisable_(model.Soil.TensionCutOff) {
         capacity_.assign(count_, 0);
         const SymmetryLines lines(model);
         for (std::size_t n = 0; n < count_; ++n) {
@@ -169,9 +174,9 @@ bool SoilIteration::Settled() {
     return steady && mismatch <= wish;
 }
 
-/// Releases nodes that pull and takes those back where the slab would sink into the soil; lets piles
-/// slip at their capacity and stops those that would rise to the slab. True when the set of nodes in
-/// contact has changed.
+/// Releases nodes that pull and takes those back where the slab would sink into the soil; lets
+/// piles slip at their capacity and stops those that would rise to the slab. True when the set of
+/// nodes in contact has changed.
 bool SoilIteration::ReviseContact() {
     const Vector settlement = soil_.Settlements(state_.Force);
     double total = 0;

@@ -51,8 +51,8 @@ void BalanceLine(const Model& model, const Results& results, std::ostringstream&
     const Balance& balance = results.Balance;
     out << "  Balance    loads " << force(balance.Loads) << " = soil " << force(balance.Soil)
         << (results.Piles.empty() ? "" : " + piles " + force(balance.Piles)) << " + supports "
-        << force(balance.Supports) << " + springs " << force(balance.Springs)
-        << "; relative error " << NumberText(balance.RelativeError) << '\n';
+        << force(balance.Supports) << " + springs " << force(balance.Springs) << "; relative error "
+        << NumberText(balance.RelativeError) << '\n';
 }
 
 } // namespace

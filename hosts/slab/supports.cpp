@@ -178,8 +178,8 @@ Place ReadPlace(const KeyTable& table, const ProjectDraft& draft) {
                                 [count](const Entry& item) { return item.WholeNumber(1, count); });
     } else {
         const bool several = entry.IsList() && !entry.List().empty() && entry.List()[0].IsList();
-        place.Nodes =
-            OneOrMore(entry, several, [&draft](const Entry& item) { return MeshNodeAt(item, draft); });
+        place.Nodes = OneOrMore(entry, several,
+                                [&draft](const Entry& item) { return MeshNodeAt(item, draft); });
     }
     if (place.Nodes.empty()) {
         entry.Fail("names no node (allowed: at least one)");

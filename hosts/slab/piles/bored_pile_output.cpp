@@ -170,8 +170,8 @@ class Diagram {
                 "<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
                 "<rect x=\"70\" y=\"70\" width=\"500\" height=\"400\" fill=\"none\" "
                 "stroke=\"#555\"/>\n";
-        Text(70, 34, "start", "Resistance and settlement of a bored pile");
-        Text(320, 58, "middle", "Q [" + pile_.Units.ForceName + "]");
+        Text(70, 26, "start", "Resistance and settlement of a bored pile");
+        Text(320, 48, "middle", "Q [" + pile_.Units.ForceName + "]");
         Text(20, 500, "start", "s [" + pile_.Units.SettlementName + "]");
         Begin();
         for (const CurvePoint& point : results_.Curve) {
@@ -179,12 +179,13 @@ class Diagram {
         }
         out_ << "\"/>\n";
         for (const CurvePoint& point : results_.Curve) {
-            Mark(point.Resistance, point.Settlement, "#1b4a8a", 3);
+            Dot(point.Resistance, point.Settlement, "#1b4a8a");
         }
-        Mark(pile_.Load, results_.Settlement, "#c03020", 5);
+        Mark(pile_.Load, results_.Settlement, "#c03020", "load");
         if (pile_.Settlement >= 0) {
-            Mark(results_.LoadAtSettlement, pile_.Settlement, "#208040", 5);
+            Mark(results_.LoadAtSettlement, pile_.Settlement, "#208040", "asked for");
         }
+        Ticks();
         out_ << "</svg>\n";
         return out_.str();
     }
@@ -201,15 +202,26 @@ class Diagram {
         out_ << "<path fill=\"none\" stroke=\"#1b4a8a\" stroke-width=\"2\" d=\"M" << X(0) << ','
              << Y(0);
     }
-    void Extend(double load, double settlement) {
-        out_ << 'L' << X(load) << ',' << Y(settlement);
+    void Extend(double load, double settlement) { out_ << 'L' << X(load) << ',' << Y(settlement); }
+    void Dot(double load, double settlement, const char* colour) {
+        out_ << "<circle cx=\"" << X(load) << "\" cy=\"" << Y(settlement) << "\" r=\"4\" fill=\""
+             << colour << "\"/>\n";
     }
-    /// A dot with its load above the frame and its settlement beside it.
-    void Mark(double load, double settlement, const char* colour, int radius) {
-        out_ << "<circle cx=\"" << X(load) << "\" cy=\"" << Y(settlement) << "\" r=\"" << radius
-             << "\" fill=\"" << colour << "\"/>\n";
-        Text(X(load) - 8, Y(settlement) + 16, "end",
-             write_(Dimension::Force, load) + " / " + write_(Dimension::Settlement, settlement));
+    /// A dot with what it stands for beside it.
+    void Mark(double load, double settlement, const char* colour, const char* what) {
+        Dot(load, settlement, colour);
+        Text(X(load) - 10, Y(settlement) + 14, "end",
+             std::string(what) + ": " + write_.Force(load) + ", " + write_.Settlement(settlement));
+    }
+    void Ticks() {
+        for (int k = 0; k <= 4; ++k) {
+            const double load = load_ * k / 4;
+            const double settlement = settlement_ * k / 4;
+            Text(X(load), 64, "middle",
+                 NumberText(InUnits(pile_.Units, Dimension::Force, load), 2));
+            Text(64, Y(settlement) + 4, "end",
+                 NumberText(InUnits(pile_.Units, Dimension::Settlement, settlement), 2));
+        }
     }
 
     const BoredPile& pile_;
@@ -229,10 +241,10 @@ std::string SummaryText(const BoredPile& pile, const BoredPileResults& results) 
     for (const std::string& line : CurveLines(pile, results)) {
         out << line << '\n';
     }
-    out << "\n  Shaft      ultimate resistance " << write.Force(results.Shaft)
-        << "\n  Load       " << write.Force(pile.Load) << " = shaft "
-        << write.Force(results.ShaftLoad) << " + base " << write.Force(results.BaseLoad)
-        << ": settlement " << write.Settlement(results.Settlement) << '\n';
+    out << "\n  Shaft      ultimate resistance " << write.Force(results.Shaft) << "\n  Load       "
+        << write.Force(pile.Load) << " = shaft " << write.Force(results.ShaftLoad) << " + base "
+        << write.Force(results.BaseLoad) << ": settlement " << write.Settlement(results.Settlement)
+        << '\n';
     if (pile.Settlement >= 0) {
         out << "  Asked for  " << write.Force(results.LoadAtSettlement) << " at a settlement of "
             << write.Settlement(pile.Settlement) << '\n';

@@ -71,8 +71,7 @@ void ReadShape(const KeyTable& table, const UnitScale& scale, BoredPile& pile) {
             entry->Fail("is smaller than the shaft (allowed: at least " +
                         ShortNumber(pile.Diameter / scale.Length) + ")");
         }
-        if (pile.BaseDiameter > pile.Diameter &&
-            pile.Layers.back().Thickness < pile.BaseDiameter) {
+        if (pile.BaseDiameter > pile.Diameter && pile.Layers.back().Thickness < pile.BaseDiameter) {
             entry->Fail("an enlarged base has to lie in the lowest layer, " +
                         ShortNumber(pile.Layers.back().Thickness / scale.Length) +
                         " thick (allowed: up to this thickness)");
@@ -100,8 +99,7 @@ BoredPile ReadBoredPile(const ProjectFile& file) {
 
 class BoredPileOutcome : public Outcome {
   public:
-    explicit BoredPileOutcome(const BoredPile& pile)
-        : pile_(pile), results_(slab::Analyse(pile)) {}
+    explicit BoredPileOutcome(const BoredPile& pile) : pile_(pile), results_(slab::Analyse(pile)) {}
     std::string Summary() const override { return SummaryText(pile_, results_); }
     std::string Report() const override { return ReportText(pile_, results_); }
     std::string Json() const override { return JsonText(pile_, results_); }

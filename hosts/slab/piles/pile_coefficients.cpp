@@ -26,9 +26,8 @@ double PileCoefficients::At(const PiledRaftNode& node, const PiledRaftNode& load
 }
 
 double PileCoefficients::Coefficient(const PiledRaftNode& node, const Point& place,
-                                const PiledRaftNode& loaded) {
-    Spot spot{std::hypot(place.x - loaded.LoadCentre.x, place.y - loaded.LoadCentre.y),
-              node.Depth};
+                                     const PiledRaftNode& loaded) {
+    Spot spot{std::hypot(place.x - loaded.LoadCentre.x, place.y - loaded.LoadCentre.y), node.Depth};
     spot.Distance = std::round(spot.Distance / same_place) * same_place;
     const bool ownPile = spot.Distance == 0 && loaded.Kind != NodeKind::Raft;
     if (ownPile && node.Kind == NodeKind::Shaft) {

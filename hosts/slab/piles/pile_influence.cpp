@@ -28,8 +28,7 @@ double Gap(double depth, double top, double bottom) {
 
 } // namespace
 
-PileInfluence::PileInfluence(const Soil& soil)
-    : modulus_(soil.Modulus), poisson_(soil.Poisson) {
+PileInfluence::PileInfluence(const Soil& soil) : modulus_(soil.Modulus), poisson_(soil.Poisson) {
     if (soil.Kind == SoilKind::Layered) {
         const SoilLayer& layer = soil.Layers.front();
         modulus_ = layer.Modulus;

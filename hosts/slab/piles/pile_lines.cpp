@@ -59,7 +59,7 @@ std::vector<std::string> PileTable(const Model& model, const Results& results) {
     }
     if (const long count = ExhaustedPiles(results); count > 0) {
         lines.push_back(std::to_string(count) + " of them carry their capacity, and slip: the slab "
-                        "settles more there than their heads.");
+                                                "settles more there than their heads.");
     }
     lines.push_back("The piles carry " + NumberText(PileShare(results.Balance)) +
                     " % of what piles and soil carry together.");
@@ -79,8 +79,9 @@ std::string PileSummary(const Model& model, const Results& results) {
     };
     const long exhausted = ExhaustedPiles(results);
     return std::to_string(results.Piles.size()) + " with " +
-           NumberText(PileShare(results.Balance)) + " % of the load on piles and soil; heads from " +
-           force(*least) + " to " + force(*greatest) +
+           NumberText(PileShare(results.Balance)) +
+           " % of the load on piles and soil; heads from " + force(*least) + " to " +
+           force(*greatest) +
            (exhausted > 0 ? "; at their capacity: " + std::to_string(exhausted) : "");
 }
 

@@ -59,8 +59,7 @@ void CheckPlace(const Entry& entry, const Pile& pile, const ProjectDraft& draft,
         if (other.Node == pile.Node) {
             entry.Fail("a pile already stands on node " + std::to_string(pile.Node));
         }
-        const double distance =
-            Distance(at, model.Nodes[static_cast<std::size_t>(other.Node - 1)]);
+        const double distance = Distance(at, model.Nodes[static_cast<std::size_t>(other.Node - 1)]);
         const double least = (pile.Diameter + other.Diameter) / 2;
         if (distance < (1 - 1e-6) * least) {
             entry.Fail("the pile overlaps the one on node " + std::to_string(other.Node) + ", " +
@@ -81,9 +80,8 @@ void ReadGroup(const KeyTable& group, ProjectDraft& draft, const SymmetryLines& 
                     LengthText(pile.Diameter, draft) + ")");
     }
     const Soil& soil = draft.Model.Soil;
-    const double deepest = soil.Layers.empty()
-                               ? HUGE_VAL
-                               : soil.Layers.front().Thickness - pile.Diameter / 2;
+    const double deepest =
+        soil.Layers.empty() ? HUGE_VAL : soil.Layers.front().Thickness - pile.Diameter / 2;
     if (pile.Length > deepest) {
         length.Fail("the pile comes too close to the rigid base (allowed: up to " +
                     LengthText(deepest, draft) +
@@ -128,8 +126,9 @@ void ReadSegment(const KeyTable& table, ProjectDraft& draft) {
     }
     piling.Segment = entry->Number(Positive) * draft.Scale.Length;
     if (piling.Segment < (1 - 1e-6) * least || piling.Segment > (1 + 1e-6) * most) {
-        entry->Fail("is " + LengthText(piling.Segment, draft) + " (allowed: " +
-                    LengthText(least, draft) + ", half of the largest diameter or 1/200 of the "
+        entry->Fail("is " + LengthText(piling.Segment, draft) +
+                    " (allowed: " + LengthText(least, draft) +
+                    ", half of the largest diameter or 1/200 of the "
                     "longest pile, to " +
                     LengthText(most, draft) + ", the shortest pile)");
     }

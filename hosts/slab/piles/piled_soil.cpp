@@ -187,8 +187,8 @@ std::vector<PileResult> PiledSoil::PileResults(const Vector& forces) const {
     Vector settlements(groups);
     for (std::size_t i = 0; i < groups; ++i) {
         for (std::size_t j = 0; j < groups; ++j) {
-            settlements[i] += composed_[i * groups + j] *
-                              forces[static_cast<std::size_t>(raftNodes_[j] - 1)];
+            settlements[i] +=
+                composed_[i * groups + j] * forces[static_cast<std::size_t>(raftNodes_[j] - 1)];
         }
     }
     std::vector<PileResult> results;

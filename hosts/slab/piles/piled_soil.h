@@ -3,8 +3,8 @@
 // force on every node, on the pile's head where there is one and on the contact area elsewhere.
 //
 // Forces f on pile shafts, pile bases and pieces of raft settle these by s = K f. In a pile all of
-// them follow its head, less what the pile is compressed, B f: (K + B) f = E w with the settlements w
-// of the slab's nodes. The stiffness (K + B)^-1 is composed for each node of the slab, and its
+// them follow its head, less what the pile is compressed, B f: (K + B) f = E w with the settlements
+// w of the slab's nodes. The stiffness (K + B)^-1 is composed for each node of the slab, and its
 // inverse is the flexibility with which the slab settles as on soil alone.
 // Sources: Poulos and Davis (1968), Geotechnique 18, 351-371 (shaft in pieces, settlement at their
 // middles); Poulos and Davis (1980), Pile foundation analysis and design (groups, piled rafts).
