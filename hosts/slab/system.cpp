@@ -13,6 +13,8 @@ struct System {
 
 constexpr System systems[] = {
     {"slab", OpenSlab},
+    {"frame", OpenFrame},
+    {"wall", OpenWall},
     {"pile", OpenPile},
 };
 

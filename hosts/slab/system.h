@@ -47,6 +47,8 @@ std::unique_ptr<Project> OpenProjectText(const std::string& text, const std::str
 // The readers of the single systems.
 class ProjectFile;
 std::unique_ptr<Project> OpenSlab(const ProjectFile& file);
+std::unique_ptr<Project> OpenFrame(const ProjectFile& file);
+std::unique_ptr<Project> OpenWall(const ProjectFile& file);
 std::unique_ptr<Project> OpenPile(const ProjectFile& file);
 
 } // namespace slab
