@@ -60,6 +60,7 @@ class Plan {
         }
         Mesh();
         Beams();
+        Piles();
         Frame();
         Legend();
         out_ << "</svg>\n";
@@ -151,6 +152,15 @@ class Plan {
                 const double value = a.value + (from + to) / 2 * (b.value - a.value);
                 line(from, to, BandColour(Band(value)), 5);
             }
+        }
+    }
+
+    void Piles() {
+        for (const Pile& pile : model_.Piling.Piles) {
+            const Sample p = At(pile.Node);
+            out_ << "<circle cx=\"" << Short(p.x) << "\" cy=\"" << Short(p.y) << "\" r=\""
+                 << Short(pile.Diameter / 2 * scale_)
+                 << "\" fill=\"#ffffff80\" stroke=\"#222\" stroke-width=\"1.5\"/>\n";
         }
     }
 

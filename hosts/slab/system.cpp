@@ -16,6 +16,7 @@ constexpr System systems[] = {
     {"grid", OpenGrid},
     {"frame", OpenFrame},
     {"wall", OpenWall},
+    {"pile", OpenPile},
 };
 
 const System& SystemOf(const KeyTable& root) {

@@ -50,5 +50,6 @@ std::unique_ptr<Project> OpenSlab(const ProjectFile& file);
 std::unique_ptr<Project> OpenGrid(const ProjectFile& file);
 std::unique_ptr<Project> OpenFrame(const ProjectFile& file);
 std::unique_ptr<Project> OpenWall(const ProjectFile& file);
+std::unique_ptr<Project> OpenPile(const ProjectFile& file);
 
 } // namespace slab
