@@ -5,13 +5,16 @@
 #include "hosts/slab/sections.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
+#include <optional>
 
 namespace slab {
 
 namespace {
 
 constexpr std::size_t MostBeams = 10000;
+constexpr int MostPieces = 30000;
 
 Axis ReadAxis(const KeyTable& table, const ProjectDraft& draft) {
     const Entry entry = table.Get("line");
@@ -83,13 +86,35 @@ class BeamDivider {
     std::map<Side, std::string> owner_;
 };
 
-void ReadBeams(const std::vector<KeyTable>& tables, ProjectDraft& draft) {
-    BeamDivider divider(draft);
-    std::size_t number = 0;
-    for (const KeyTable& table : tables) {
-        const Beam beam = ReadBeam(table, draft, ++number);
-        divider.Add(table, ReadAxis(table, draft), beam);
+/// The longest piece of each beam: what the file says, on springs also an eighth of the length
+/// (4 EI / k b)^(1/4) over which a beam spreads a load.
+std::vector<double> LongestPieces(const KeyTable& root, const std::vector<Beam>& beams,
+                                  const std::vector<Axis>& axes, const ProjectDraft& draft) {
+    std::optional<double> wanted;
+    if (root.Has("mesh")) {
+        const KeyTable table = root.Table("mesh");
+        table.Allow({"piece"});
+        const double least = ShortestPiece / draft.Scale.Length;
+        wanted = table.Get("piece").Number(Between(least, LargestNumber)) * draft.Scale.Length;
     }
+    std::vector<double> longest;
+    double pieces = 0;
+    for (std::size_t i = 0; i < beams.size(); ++i) {
+        const Section& section = draft.Model.Sections[beams[i].Section];
+        const double length = Distance(axes[i].From, axes[i].To);
+        const double bedding = beams[i].Subgrade * section.ContactWidth;
+        const double spread =
+            bedding > 0 ? std::pow(4 * section.Modulus * section.Inertia / bedding, 0.25) : length;
+        const double piece = bedding > 0 ? std::max(spread / 8, ShortestPiece) : length;
+        longest.push_back(wanted.value_or(piece));
+        pieces += length / longest.back();
+    }
+    if (pieces > MostPieces) {
+        root.Fail("divides its beams into about " + ShortNumber(std::round(pieces)) +
+                  " pieces (allowed: up to " + std::to_string(MostPieces) +
+                  "); give a longer mesh.piece");
+    }
+    return longest;
 }
 
 /// Places beside the beams' ends and crossings where a grid needs a node.
@@ -135,23 +160,36 @@ void ReadSlabBeams(const KeyTable& root, ProjectDraft& draft) {
         return;
     }
     draft.Model.Sections = ReadSections(root, draft.Scale, SectionUse::Grid);
-    ReadBeams(tables, draft);
+    BeamDivider divider(draft);
+    std::size_t number = 0;
+    for (const KeyTable& table : tables) {
+        const Beam beam = ReadBeam(table, draft, ++number);
+        divider.Add(table, ReadAxis(table, draft), beam);
+    }
 }
 
-void ReadGridBeams(const KeyTable& root, ProjectDraft& draft) {
+void ReadGridBeams(const KeyTable& root, double subgrade, ProjectDraft& draft) {
     draft.Model.Sections = ReadSections(root, draft.Scale, SectionUse::Grid);
     const std::vector<KeyTable> tables = root.Tables("beams");
     if (tables.empty() || tables.size() > MostBeams) {
         root.Fail("has " + std::to_string(tables.size()) + " [[beams]] (allowed: 1 to " +
                   std::to_string(MostBeams) + ")");
     }
+    std::vector<Beam> beams;
     std::vector<Axis> axes;
     for (const KeyTable& table : tables) {
+        beams.push_back(ReadBeam(table, draft, beams.size() + 1));
         axes.push_back(ReadAxis(table, draft));
+        const bool rests = draft.Model.Sections[beams.back().Section].ContactWidth > 0;
+        beams.back().Subgrade = rests ? subgrade : 0;
     }
-    draft.Model.Nodes = GridNodes(axes, NamedPlaces(root, draft));
+    draft.Model.Nodes =
+        GridNodes(axes, LongestPieces(root, beams, axes, draft), NamedPlaces(root, draft));
     draft.Tolerance = SamePlace;
-    ReadBeams(tables, draft);
+    BeamDivider divider(draft);
+    for (std::size_t i = 0; i < beams.size(); ++i) {
+        divider.Add(tables[i], axes[i], beams[i]);
+    }
     draft.Model.NodalLoads.assign(3 * draft.Model.Nodes.size(), 0);
 }
 

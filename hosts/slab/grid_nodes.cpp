@@ -70,9 +70,8 @@ bool Crossing(const Axis& a, const Axis& b, Point& at) {
     return IsOn(a, at, SamePlace);
 }
 
-} // namespace
-
-std::vector<Point> GridNodes(const std::vector<Axis>& axes, const std::vector<Point>& places) {
+/// The ends and crossings of the axes and the places on them.
+Places Corners(const std::vector<Axis>& axes, const std::vector<Point>& places) {
     Places found;
     for (const Axis& axis : axes) {
         found.Add(axis.From);
@@ -92,7 +91,24 @@ std::vector<Point> GridNodes(const std::vector<Axis>& axes, const std::vector<Po
             }
         }
     }
-    std::vector<Point> nodes = found.All();
+    return found;
+}
+
+/// Points that divide an axis between its corners into pieces of about the same length.
+void Divide(const Axis& axis, double longest, const std::vector<Point>& corners, Places& found) {
+    const std::vector<int> on = NodesOnAxis(axis, corners, SamePlace);
+    for (std::size_t i = 0; i + 1 < on.size(); ++i) {
+        const Point& a = corners[static_cast<std::size_t>(on[i] - 1)];
+        const Point& b = corners[static_cast<std::size_t>(on[i + 1] - 1)];
+        const double pieces = std::ceil(std::hypot(b.x - a.x, b.y - a.y) / longest - 1e-9);
+        for (double k = 1; k < pieces; ++k) {
+            found.Add({a.x + k / pieces * (b.x - a.x), a.y + k / pieces * (b.y - a.y)});
+        }
+    }
+}
+
+/// Across the shorter side first, so that numbers within an element differ little.
+void Order(std::vector<Point>& nodes) {
     double width = 0;
     double height = 0;
     for (const Point& p : nodes) {
@@ -104,6 +120,19 @@ std::vector<Point> GridNodes(const std::vector<Axis>& axes, const std::vector<Po
             return std::llround(a.y / SamePlace) < std::llround(b.y / SamePlace);
         });
     }
+}
+
+} // namespace
+
+std::vector<Point> GridNodes(const std::vector<Axis>& axes, const std::vector<double>& longest,
+                             const std::vector<Point>& places) {
+    Places found = Corners(axes, places);
+    const std::vector<Point> corners = found.All();
+    for (std::size_t i = 0; i < axes.size(); ++i) {
+        Divide(axes[i], longest[i], corners, found);
+    }
+    std::vector<Point> nodes = found.All();
+    Order(nodes);
     return nodes;
 }
 

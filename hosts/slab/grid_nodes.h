@@ -16,9 +16,11 @@ struct Axis {
     Point To;
 };
 
-/// The ends and crossings of the axes, and those of the places that lie on an axis; each once, in
-/// an order that keeps the band narrow.
-std::vector<Point> GridNodes(const std::vector<Axis>& axes, const std::vector<Point>& places);
+/// The ends and crossings of the axes, those of the places that lie on an axis, and points between
+/// them where a piece of an axis would be longer than its entry of `longest`; each once, in an order
+/// that keeps the band narrow.
+std::vector<Point> GridNodes(const std::vector<Axis>& axes, const std::vector<double>& longest,
+                             const std::vector<Point>& places);
 
 /// Numbers, from 1, of the nodes on an axis from its start to its end.
 std::vector<int> NodesOnAxis(const Axis& axis, const std::vector<Point>& nodes, double tolerance);

@@ -7,6 +7,8 @@
 #include "hosts/slab/soil_reader.h"
 #include "hosts/slab/supports.h"
 
+#include <algorithm>
+
 namespace slab {
 
 namespace {
@@ -33,46 +35,45 @@ void ReadGridLoads(const KeyTable& root, ProjectDraft& draft) {
     }
 }
 
-/// Winkler springs under every beam whose section has a contact width.
-void ReadGridSoil(const KeyTable& root, ProjectDraft& draft) {
+/// Modulus of subgrade under every beam whose section has a contact width.
+double ReadGridSoil(const KeyTable& root, ProjectDraft& draft) {
     if (!root.Has("soil")) {
-        return;
+        return 0;
     }
     const KeyTable table = root.Table("soil");
     table.Allow({"kind", "subgrade", "tension"});
     if (table.Get("kind").Choice({"none", "winkler"}) == 0) {
-        return;
-    }
-    const double subgrade = table.Get("subgrade").Number(NotNegative) * draft.Scale.Density;
-    bool any = false;
-    for (Beam& beam : draft.Model.Beams) {
-        const bool rests = draft.Model.Sections[beam.Section].ContactWidth > 0;
-        beam.Subgrade = rests ? subgrade : 0;
-        any = any || rests;
-    }
-    if (!any) {
-        table.Fail("no beam rests on it; give a section a contact_width");
+        return 0;
     }
     draft.Model.Soil.Kind = SoilKind::Winkler;
     draft.Model.Soil.TensionCutOff = table.Has("tension") && !table.Get("tension").Flag();
+    return table.Get("subgrade").Number(NotNegative) * draft.Scale.Density;
+}
+
+void RequireBeamOnSoil(const KeyTable& root, const Model& model) {
+    const bool any = std::any_of(model.Beams.begin(), model.Beams.end(),
+                                 [](const Beam& beam) { return beam.Subgrade > 0; });
+    if (model.Soil.Kind == SoilKind::Winkler && !any) {
+        root.Get("soil").Fail("carries no beam; give it a subgrade and a section a contact_width");
+    }
 }
 
 } // namespace
 
 Model ReadGridProject(const ProjectFile& file) {
     const KeyTable root = file.Root();
-    root.Allow({"title", "system", "units", "sections", "beams", "loads", "supports", "springs",
-                "soil", "iteration"});
+    root.Allow({"title", "system", "units", "mesh", "sections", "beams", "loads", "supports",
+                "springs", "soil", "iteration"});
     ProjectDraft draft;
     draft.Model.File = file.Name();
     draft.Model.Title = root.Has("title") ? root.Get("title").Text() : "";
     draft.Scale = ReadUnits(root);
     draft.Model.Units = draft.Scale.Units;
-    ReadGridBeams(root, draft);
+    ReadGridBeams(root, ReadGridSoil(root, draft), draft);
+    RequireBeamOnSoil(root, draft.Model);
     ReadGridLoads(root, draft);
     ReadSupports(root, draft);
     ReadSprings(root, draft);
-    ReadGridSoil(root, draft);
     ReadIteration(root, draft);
     CheckWhole(root, draft.Model, "grid");
     return draft.Model;
