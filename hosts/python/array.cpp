@@ -192,14 +192,11 @@ int Refuse(Py_buffer* view, const char* why) {
 }
 
 int GetBuffer(PyObject* self, Py_buffer* view, int flags) {
-    const auto* const owner =
-        py::detail::values_and_holders(reinterpret_cast<py::detail::instance*>(self))
-            .begin()
-            ->value_ptr<PythonArray>();
-    if (!owner) {
+    py::detail::make_caster<PythonArray> owner;
+    if (!owner.load(self, false) || !static_cast<PythonArray*>(owner)) {
         return Refuse(view, "the array is not initialised");
     }
-    const SafeArray& array = *owner->Held;
+    const SafeArray& array = *static_cast<PythonArray*>(owner)->Held;
     const int dimensions = array.Dimensions();
     std::string format = ElementFormat(array.ElementType(), array.RecordName());
     if (format.empty()) {

@@ -194,10 +194,18 @@ std::string GeneratedArguments::State() const {
     for (const auto& array : arrays_) {
         text += BitsOf(*array) + "\n";
     }
-    for (const HostWindow& window : windows_) {
-        text += window.Log() + "\n";
+    for (const std::string& log : Logs()) {
+        text += log + "\n";
     }
     return text;
+}
+
+std::vector<std::string> GeneratedArguments::Logs() const {
+    std::vector<std::string> logs;
+    for (const HostWindow& window : windows_) {
+        logs.push_back(window.Log());
+    }
+    return logs;
 }
 
 std::string BitsOf(const Variant& value) {

@@ -33,6 +33,8 @@ class GeneratedArguments {
     GeneratedArguments(const Member& member, unsigned seed, unsigned shape);
 
     const std::vector<Variant>& Values() const { return values_; }
+    /// What was done to each window.
+    std::vector<std::string> Logs() const;
     /// Bounds and bits of every argument and what was done to every window.
     std::string State() const;
 
