@@ -8,6 +8,7 @@ import struct
 import subprocess
 import unittest
 
+import numpy
 import torlib
 from torlib import _torlib
 
@@ -47,7 +48,7 @@ class Window(Watched):
         self._log.append("Refresh;")
 
 
-def decoded(value):
+def decoded(value, as_numpy):
     if not isinstance(value, dict):
         return value
     if "window" in value:
@@ -59,6 +60,8 @@ def decoded(value):
     else:
         memory = array[:].reshape(-1, order="F")
         memory[:] = value["elements"]
+    if as_numpy and value["dtype"] != "str" and all(lower == 0 for lower, _ in value["bounds"]):
+        return numpy.array(array[:], order="F")
     return array
 
 
@@ -69,6 +72,9 @@ def places(array):
 
 
 def encoded(array):
+    if isinstance(array, numpy.ndarray):
+        bounds = [[0, extent - 1] for extent in array.shape]
+        return bounds, bits(array.reshape(-1, order="F").tolist())
     elements = [array[place] for place in places(array)]
     bounds = [[array.LBound(d), array.UBound(d)] for d in range(1, array.Dimensions + 1)]
     return bounds, bits(elements)
@@ -109,10 +115,13 @@ class SameAnswers(unittest.TestCase):
         answers = [] if not results else [answer] if len(results) == 1 else list(answer)
         return None, answers
 
-    def compare(self, case):
+    def compare(self, case, as_numpy):
+        """True when the call came to its end."""
         self.torva.Exitcontrol = case["state"]
-        given = [decoded(value) for value in case["given"]]
+        given = [decoded(value, as_numpy) for value in case["given"]]
         error, answers = self.outcome(case, given)
+        if as_numpy and error and error[0] == 10:
+            return False  # the member gives a NumPy array new bounds
         if error and error[0] == 438:
             self.assertEqual(error[0], case["error"][0])
         else:
@@ -120,24 +129,27 @@ class SameAnswers(unittest.TestCase):
         if not error:
             self.assertEqual(bits(answers), bits(case["results"]))
         for before, after in zip(given, case["after"]):
-            if isinstance(before, torlib.Array):
+            if isinstance(before, (torlib.Array, numpy.ndarray)):
                 self.assertEqual(encoded(before), (after["bounds"], bits(after["elements"])))
         logs = ["".join(one._log) for one in given if isinstance(one, Window)]
         self.assertEqual(logs, case["logs"])
         self.assertEqual(self.torva.Exitcontrol, case["state after"])
+        return not error
 
     def test_every_member_of_every_class(self):
         lines = subprocess.run([os.environ["TORLIB_ANSWERS"]], check=True, capture_output=True)
-        called = {}
+        completed = {}
+        in_numpy = 0
         for line in lines.stdout.splitlines():
             case = json.loads(line)
             name = case["class"], case["member"]
-            with self.subTest(name, given=case["given"] if len(line) < 400 else "..."):
-                self.compare(case)
-            called[name] = called.get(name, 0) + (case["error"] is None)
+            with self.subTest(name):
+                ended = self.compare(case, as_numpy=False)
+                completed[name] = completed.get(name, 0) + ended
+                in_numpy += self.compare(case, as_numpy=True)
         members = {(c, m[0]) for c, _, members in _torlib.classes() for m in members}
-        self.assertEqual(set(called), members)
-        self.assertEqual([name for name, completed in called.items() if not completed], [])
+        self.assertEqual({name for name, count in completed.items() if count}, members)
+        self.assertGreater(in_numpy, len(members))
 
 
 if __name__ == "__main__":
