@@ -124,8 +124,9 @@ void* AddressOf(SafeArray& array, py::handle index) {
            place * static_cast<Py_ssize_t>(array.ElementSize());
 }
 
+/// a[:] or a[...]; a part would leave open whether it counts from the lower bound or from 0.
 bool IsWhole(py::handle index) {
-    return index.is(py::ellipsis()) || PySlice_Check(index.ptr());
+    return index.is(py::ellipsis()) || index.equal(py::slice(py::none(), py::none(), py::none()));
 }
 
 py::object NumPyView(const py::object& self) {

@@ -9,6 +9,8 @@ from . import _torlib, classes as _classes
 from ._torlib import Array, ByRef, CreateObject, Object
 from .classes import Default, RunTimeError
 
+for _public in Array, ByRef, Object, RunTimeError:
+    _public.__module__ = __name__
 _published = _classes.build(__name__)
 globals().update(_published)
 
