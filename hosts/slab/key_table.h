@@ -56,6 +56,7 @@ class Entry {
     /// Two numbers, [x, y].
     Point Pair() const;
     bool IsList() const { return node_->is_array(); }
+    bool IsText() const { return node_->is_string(); }
     bool IsTable() const { return node_->is_table(); }
     /// The values of a list, of a given length unless `length` is 0.
     std::vector<Entry> List(std::size_t length = 0) const;

@@ -1,8 +1,8 @@
-// slab: analyses a slab on elastic soil from a project file.
+// slab: analyses a slab on elastic soil, or another system of its kind, from a project file.
 
-#include "hosts/slab/analysis.h"
 #include "hosts/slab/output.h"
 #include "hosts/slab/project.h"
+#include "hosts/slab/system.h"
 
 #include "torlib/frame/class_catalogue.h"
 
@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <memory>
 #include <unistd.h>
 
 namespace slab {
@@ -106,31 +107,31 @@ int AnalyseProject(const CommandLine& command) {
                        : isatty(STDERR_FILENO) ? RunWindow::Style::Bar
                                                : RunWindow::Style::Lines;
     RunWindow window(style);
-    const Model model = ReadProject(command.project);
+    const std::unique_ptr<Project> project = OpenProject(command.project);
     if (command.validate) {
-        std::cout << command.project << ": valid; " << model.Nodes.size() << " nodes, "
-                  << model.Elements.size() << " elements\n";
+        std::cout << command.project << ": valid; " << project->Size() << '\n';
         return Done;
     }
     AnalysisOptions options;
     options.Plain = command.plain;
-    const Results results = Analyse(model, options, window);
+    const std::unique_ptr<Outcome> outcome = project->Analyse(options, window);
     window.End();
     Write(
-        command.report, [&] { return ReportText(model, results); }, window);
+        command.report, [&] { return outcome->Report(); }, window);
     Write(
-        command.json, [&] { return JsonText(model, results); }, window);
+        command.json, [&] { return outcome->Json(); }, window);
     Write(
-        command.picture, [&] { return PictureText(model, results); }, window);
+        command.picture, [&] { return outcome->Picture(); }, window);
     if (command.report != "-" && command.json != "-" && command.picture != "-") {
-        std::cout << SummaryText(model, results) << std::flush;
+        std::cout << outcome->Summary() << std::flush;
     }
     if (!std::cout) {
         std::cerr << "standard output: cannot be written\n";
         return CannotWrite;
     }
-    if (!results.Converged) {
-        std::cerr << "the iteration between slab and soil did not converge; see the warnings\n";
+    const std::string doubt = outcome->NotConverged();
+    if (!doubt.empty()) {
+        std::cerr << doubt << '\n';
         return AnalysisFailed;
     }
     return Done;

@@ -83,6 +83,8 @@ std::vector<std::size_t> ElementsInRegion(const KeyTable& table, const ProjectDr
     return chosen;
 }
 
+} // namespace
+
 torlib::SymmetricCase ReadSymmetry(const KeyTable& mesh) {
     using enum torlib::SymmetricCase;
     constexpr torlib::SymmetricCase cases[] = {Unsymmetric,  X_symmetric,     Y_Symmetric,
@@ -90,8 +92,6 @@ torlib::SymmetricCase ReadSymmetry(const KeyTable& mesh) {
     const auto entry = mesh.Find("symmetry");
     return entry ? cases[entry->Choice({"none", "x", "y", "xy", "anti-x", "anti-y"})] : Unsymmetric;
 }
-
-} // namespace
 
 void ReadMesh(const KeyTable& root, ProjectDraft& draft) {
     const KeyTable mesh = root.Table("mesh");

@@ -21,6 +21,9 @@ struct Region {
 /// Reads the table [mesh] into nodes, elements and symmetry.
 void ReadMesh(const KeyTable& root, ProjectDraft& draft);
 
+/// Reads the key symmetry, which may be missing.
+torlib::SymmetricCase ReadSymmetry(const KeyTable& table);
+
 /// A rectangle x = [from, to], y = [from, to], in metres.
 Region ReadRegion(const KeyTable& table, const ProjectDraft& draft);
 
@@ -51,6 +54,12 @@ void ReadGrid(const KeyTable& mesh, ProjectDraft& draft);
 void ReadListedMesh(const KeyTable& mesh, ProjectDraft& draft);
 /// Nodes that coincide, elements that overlap, and nodes inside a side of an element.
 void CheckListedTopology(const KeyTable& mesh, const ProjectDraft& draft);
+/// Three times the largest difference of node numbers in an element plus one.
+int HalfBandWidth(const Model& model);
+/// Whether a point lies on the line from a to b, away from its ends.
+bool LiesInside(const Point& p, const Point& a, const Point& b, double tolerance);
+/// Refuses a node too far from the origin for 32 bits.
+void CheckFromOrigin(const Entry& entry, const Point& place, const ProjectDraft& draft);
 /// Extent, shape of the elements and number of equations.
 void CheckMesh(const KeyTable& mesh, const ProjectDraft& draft);
 

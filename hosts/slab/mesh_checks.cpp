@@ -56,16 +56,6 @@ void CheckShapes(const KeyTable& mesh, const ProjectDraft& draft) {
     }
 }
 
-int HalfBandWidth(const Model& model) {
-    int difference = 0;
-    for (const Element& element : model.Elements) {
-        const auto first = element.Node.begin();
-        const auto [least, greatest] = std::minmax_element(first, first + element.Corners);
-        difference = std::max(difference, *greatest - *least);
-    }
-    return 3 * (difference + 1);
-}
-
 void CheckEquations(const KeyTable& mesh, const Model& model) {
     const int equations = 3 * static_cast<int>(model.Nodes.size());
     const int width = HalfBandWidth(model);
@@ -80,14 +70,6 @@ void CheckEquations(const KeyTable& mesh, const Model& model) {
               " rows (allowed: up to " + std::to_string(MostRows) + "); elements about " +
               ShortNumber(std::ceil(factor * 20 + 1) / 20) +
               " times as long in both directions would fit, and so may a half or quarter model");
-}
-
-bool LiesInside(const Point& p, const Point& a, const Point& b, double tolerance) {
-    const double length = Distance(a, b);
-    const Point along{(b.x - a.x) / length, (b.y - a.y) / length};
-    const double t = (p.x - a.x) * along.x + (p.y - a.y) * along.y;
-    const double off = (p.y - a.y) * along.x - (p.x - a.x) * along.y;
-    return std::fabs(off) < tolerance && t > tolerance && t < length - tolerance;
 }
 
 void RefuseCoincidentNodes(const Entry& entry, const ProjectDraft& draft) {
@@ -127,6 +109,33 @@ void RefuseOverlaps(const KeyTable& mesh, const Model& model) {
 }
 
 } // namespace
+
+int HalfBandWidth(const Model& model) {
+    int difference = 0;
+    for (const Element& element : model.Elements) {
+        const auto first = element.Node.begin();
+        const auto [least, greatest] = std::minmax_element(first, first + element.Corners);
+        difference = std::max(difference, *greatest - *least);
+    }
+    return 3 * (difference + 1);
+}
+
+bool LiesInside(const Point& p, const Point& a, const Point& b, double tolerance) {
+    const double length = Distance(a, b);
+    const Point along{(b.x - a.x) / length, (b.y - a.y) / length};
+    const double t = (p.x - a.x) * along.x + (p.y - a.y) * along.y;
+    const double off = (p.y - a.y) * along.x - (p.x - a.x) * along.y;
+    return std::fabs(off) < tolerance && t > tolerance && t < length - tolerance;
+}
+
+void CheckFromOrigin(const Entry& entry, const Point& place, const ProjectDraft& draft) {
+    const double farthest = std::max(std::fabs(place.x), std::fabs(place.y));
+    if (farthest > LargestCoordinate) {
+        entry.Fail("is " + ShortNumber(farthest / draft.Scale.Length) +
+                   " from the origin; choose an origin near the structure (allowed: up to " +
+                   ShortNumber(LargestCoordinate / draft.Scale.Length) + ")");
+    }
+}
 
 void CheckListedTopology(const KeyTable& mesh, const ProjectDraft& draft) {
     const Model& model = draft.Model;

@@ -1,5 +1,6 @@
 #include "hosts/slab/output.h"
 #include "hosts/slab/quantities.h"
+#include "hosts/slab/svg_text.h"
 
 #include <algorithm>
 #include <array>
@@ -117,12 +118,6 @@ class Plan {
         }
     }
 
-    static std::string Short(double value) {
-        char text[24];
-        std::snprintf(text, sizeof text, "%.1f", value);
-        return text;
-    }
-
     void Mesh() {
         out_ << "<path fill=\"none\" stroke=\"#00000030\" stroke-width=\".5\" d=\"";
         for (const Element& element : model_.Elements) {
@@ -165,26 +160,6 @@ class Plan {
             out_ << "<text x=\"" << left + 32 << "\" y=\"" << margin + line * step + 4 << "\">"
                  << NumberText(InUnits(model_.Units, Dimension::Settlement, value)) << "</text>\n";
         }
-    }
-
-    static std::string Escaped(const std::string& text) {
-        std::string safe;
-        for (const char c : text) {
-            switch (c) {
-                case '<':
-                    safe += "&lt;";
-                    break;
-                case '>':
-                    safe += "&gt;";
-                    break;
-                case '&':
-                    safe += "&amp;";
-                    break;
-                default:
-                    safe += c;
-            }
-        }
-        return safe;
     }
 
     const Model& model_;

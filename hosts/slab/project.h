@@ -1,5 +1,5 @@
 #pragma once
-// The project file: reading it, checking it, and turning it into an analysis model.
+// The project of a slab: checking it, and turning it into an analysis model.
 
 #include "hosts/slab/model.h"
 
@@ -15,8 +15,10 @@ class InputError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Reads and checks a project file and builds its model. Throws InputError.
-Model ReadProject(const std::string& path);
+class ProjectFile;
+
+/// Checks the project of a slab and builds its model. Throws InputError.
+Model ReadSlabProject(const ProjectFile& file);
 
 /// The same for a text; `name` stands for the file in messages.
 Model ParseProject(const std::string& text, const std::string& name);

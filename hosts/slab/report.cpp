@@ -1,24 +1,16 @@
+#include "hosts/slab/listing.h"
 #include "hosts/slab/output.h"
 #include "hosts/slab/quantities.h"
 #include "hosts/slab/report_lines.h"
 
-#include "torlib/ui/torva_class.h"
-
-#include <cstdio>
-
 namespace slab {
 
-using torlib::FromUtf8;
 using torlib::String;
 
 namespace {
 
-constexpr int name_column = 46;
-constexpr int symbol_column = 8;
-constexpr int number_width = 12;
-
-/// The report as it grows: listing lines by the library, tables in columns of one width.
-class Report {
+/// The report as it grows.
+class Report : private Listing {
   public:
     Report(const Model& model, const Results& results) : model_(model), results_(results) {}
 
@@ -36,17 +28,7 @@ class Report {
     }
 
   private:
-    void Raw(const std::string& line) { text_ += FromUtf8(line) + u"\r\n"; }
-    void Heading(const std::string& heading) {
-        Raw("");
-        Raw(heading);
-        Raw(std::string(heading.size(), '-'));
-    }
-    void Line(const std::string& name, const std::string& symbol, const std::string& unit,
-              const std::string& value) {
-        torva_.SetLineList(text_, FromUtf8(name), FromUtf8(symbol), FromUtf8(unit), FromUtf8(value),
-                           name_column, symbol_column);
-    }
+    using Listing::Line;
     void Line(const std::string& name, const std::string& symbol, Dimension kind, double value) {
         Line(name, symbol, UnitName(model_.Units, kind), Value(kind, value));
     }
@@ -57,10 +39,6 @@ class Report {
     }
     std::string Value(Dimension kind, double value) const {
         return NumberText(InUnits(model_.Units, kind, value));
-    }
-    /// Right-aligned in a column.
-    void Cell(String& row, const std::string& value, int width = number_width) {
-        row += torva_.Private_Space(width - static_cast<int>(value.size())) + FromUtf8(value);
     }
     std::string Length(double metres) const { return NumberText(metres / model_.Units.Length); }
 
@@ -222,8 +200,6 @@ class Report {
 
     const Model& model_;
     const Results& results_;
-    torlib::TORVAClass torva_;
-    String text_;
 };
 
 } // namespace

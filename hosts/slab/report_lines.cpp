@@ -52,19 +52,27 @@ const char* SymmetryName(torlib::SymmetricCase symmetry) {
     return "";
 }
 
-std::vector<std::string> DigitLines(const Digits& digits) {
+std::vector<std::string> DigitLines(const Digits& digits, const char* displacement) {
     std::vector<std::string> lines;
     lines.push_back("32-bit elimination: residual " + NumberText(digits.ResidualBefore) +
                     " of the load, about " + DigitsText(digits.ResidualBefore) + " of equilibrium");
     if (digits.Corrected) {
         lines.push_back("after " + std::to_string(digits.Steps) + " correction steps: residual " +
                         NumberText(digits.ResidualAfter) + ", about " +
-                        DigitsText(digits.ResidualAfter) + "; largest settlement changed by " +
-                        NumberText(100 * digits.ChangeOfSolution) + " %");
+                        DigitsText(digits.ResidualAfter) + "; largest " + displacement +
+                        " changed by " + NumberText(100 * digits.ChangeOfSolution) + " %");
     } else {
         lines.push_back("not corrected");
     }
     return lines;
+}
+
+std::string Padded(const std::string& text, std::size_t width) {
+    return text.size() < width ? text + std::string(width - text.size(), ' ') : text;
+}
+
+std::string RightAligned(const std::string& text, std::size_t width) {
+    return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
 }
 
 std::string LowerFirst(std::string text) {

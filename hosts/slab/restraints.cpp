@@ -12,7 +12,6 @@
 namespace slab {
 
 using torlib::Array;
-using torlib::Bounds;
 using torlib::Integer;
 using torlib::Single;
 using torlib::String;
@@ -20,14 +19,15 @@ using torlib::SymmetricCase;
 
 namespace {
 
-/// Support texts, three a node: "F" is free, settlements in hundredths of a metre.
-void SupportTexts(const Model& model, Array<Integer>& KA, Array<String>& De) {
+/// Support texts, three a node: "F" is free, lengths in hundredths of a metre.
+void SupportTexts(const Model& model, int displacements, Array<Integer>& KA, Array<String>& De) {
     std::map<int, std::array<String, 3>> conditions;
     for (const Restraint& restraint : model.Restraints) {
         auto& texts =
             conditions.try_emplace(restraint.Node, std::array<String, 3>{u"F", u"F", u"F"})
                 .first->second;
-        const double value = restraint.Freedom == 1 ? restraint.Value * 100 : restraint.Value;
+        const double value =
+            restraint.Freedom <= displacements ? restraint.Value * 100 : restraint.Value;
         texts[static_cast<std::size_t>(restraint.Freedom - 1)] =
             torlib::NumberText(static_cast<float>(value));
     }
@@ -44,14 +44,27 @@ void SupportTexts(const Model& model, Array<Integer>& KA, Array<String>& De) {
 
 } // namespace
 
-RestraintList Restraints(const Model& model, torlib::FEM_Class& fem) {
+RestraintList ListedRestraints(const Model& model, int displacements, torlib::FEM_Class& fem) {
     RestraintList list;
     list.NS.ReDim(0);
     list.AufL.ReDim(0);
     Array<Integer> KA;
     Array<String> De;
-    SupportTexts(model, KA, De);
-    fem.SetBoundaryInSystem(3, 1, KA.UBound(), KA, De, list.NF, list.NS, list.AufL);
+    SupportTexts(model, displacements, KA, De);
+    fem.SetBoundaryInSystem(3, displacements, KA.UBound(), KA, De, list.NF, list.NS, list.AufL);
+    return list;
+}
+
+void FillEquations(const Model& model, RestraintList& list) {
+    list.Held.assign(3 * model.Nodes.size(), 0);
+    list.Value.assign(3 * model.Nodes.size(), 0);
+    for (int i = 1; i <= list.NF; ++i) {
+        list.Held[list.NS(i) - 1] = 1;
+        list.Value[list.NS(i) - 1] = double{list.AufL(i).Value()};
+    }
+}
+
+void FromSymmetryLines(const Model& model, Array<Single>& XGriD, Array<Single>& YGriD) {
     const int nodes = static_cast<int>(model.Nodes.size());
     const auto corner = [&model](auto coordinate) {
         double largest = coordinate(model.Nodes[0]);
@@ -62,20 +75,22 @@ RestraintList Restraints(const Model& model, torlib::FEM_Class& fem) {
     };
     const double xMax = corner([](const Point& p) { return p.x; });
     const double yMax = corner([](const Point& p) { return p.y; });
-    Array<Single> XGriD(Bounds{0, nodes});
-    Array<Single> YGriD(Bounds{0, nodes});
+    XGriD.ReDim(nodes);
+    YGriD.ReDim(nodes);
     for (int n = 1; n <= nodes; ++n) {
-        // From the symmetry lines, so that the library's 1 mm tolerance holds far from the origin.
         XGriD(n) = model.Nodes[n - 1].x - xMax;
         YGriD(n) = model.Nodes[n - 1].y - yMax;
     }
-    fem.SymmetricalBoundaryPlate(nodes, XGriD, YGriD, model.Symmetry, list.NF, list.AufL, list.NS);
-    list.Held.assign(3 * model.Nodes.size(), 0);
-    list.Value.assign(3 * model.Nodes.size(), 0);
-    for (int i = 1; i <= list.NF; ++i) {
-        list.Held[list.NS(i) - 1] = 1;
-        list.Value[list.NS(i) - 1] = double{list.AufL(i).Value()};
-    }
+}
+
+RestraintList Restraints(const Model& model, torlib::FEM_Class& fem) {
+    RestraintList list = ListedRestraints(model, 1, fem);
+    Array<Single> XGriD;
+    Array<Single> YGriD;
+    FromSymmetryLines(model, XGriD, YGriD);
+    fem.SymmetricalBoundaryPlate(static_cast<int>(model.Nodes.size()), XGriD, YGriD, model.Symmetry,
+                                 list.NF, list.AufL, list.NS);
+    FillEquations(model, list);
     return list;
 }
 

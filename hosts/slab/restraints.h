@@ -20,6 +20,16 @@ struct RestraintList {
 
 RestraintList Restraints(const Model& model, torlib::FEM_Class& fem);
 
+/// The restraints of the model's list alone, three freedoms a node, of which the first
+/// `displacements` are lengths; Held and Value are left to FillEquations.
+RestraintList ListedRestraints(const Model& model, int displacements, torlib::FEM_Class& fem);
+/// Coordinates from the symmetry lines x = xmax and y = ymax, so that the library's 1 mm tolerance
+/// holds far from the origin.
+void FromSymmetryLines(const Model& model, torlib::Array<torlib::Single>& XGriD,
+                       torlib::Array<torlib::Single>& YGriD);
+/// Fills Held and Value from the library's list.
+void FillEquations(const Model& model, RestraintList& list);
+
 /// Where a node lies relative to the symmetry lines x = xmax and y = ymax of a half or quarter
 /// model.
 class SymmetryLines {

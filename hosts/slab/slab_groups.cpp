@@ -43,8 +43,8 @@ std::string ReadName(const KeyTable& region, const std::vector<Group>& groups) {
 
 } // namespace
 
-void ReadSlab(const KeyTable& root, ProjectDraft& draft) {
-    const KeyTable table = root.Table("slab");
+void ReadSlab(const KeyTable& root, ProjectDraft& draft, const char* key) {
+    const KeyTable table = root.Table(key);
     std::vector<std::string> keys = GroupKeys();
     keys.emplace_back("regions");
     table.Allow(keys);
@@ -52,7 +52,7 @@ void ReadSlab(const KeyTable& root, ProjectDraft& draft) {
         table.Get(needed);
     }
     Group general;
-    general.Name = "slab";
+    general.Name = key;
     double generalWeight = 0;
     ReadGroup(table, draft.Scale, general, generalWeight);
     draft.Model.Groups = {general};

@@ -5,7 +5,8 @@
 
 namespace slab {
 
-/// Reads the table [slab]: the group of all elements, and the groups of [[slab.regions]].
-void ReadSlab(const KeyTable& root, ProjectDraft& draft);
+/// Reads the table [slab], or the table of another plate: the group of all elements, and the groups
+/// of [[slab.regions]].
+void ReadSlab(const KeyTable& root, ProjectDraft& draft, const char* key = "slab");
 
 } // namespace slab

@@ -2,6 +2,7 @@
 
 #include "hosts/slab/slab_system.h"
 
+#include "hosts/slab/band_solution.h"
 #include "hosts/slab/plate_elements.h"
 
 #include <algorithm>
@@ -18,7 +19,6 @@ using torlib::Single;
 namespace {
 
 constexpr double step_digits = 1e-6; // residual / load in a step of an iteration
-constexpr int largest_row = 32766;   // rows of the band that 16 bits can count
 
 class Stopwatch {
   public:
@@ -35,45 +35,12 @@ class Stopwatch {
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-int BandWidth(const Model& model, const torlib::FEM_Class& fem) {
-    const int count = static_cast<int>(model.Elements.size());
-    Array<Integer> I_ElementType(Bounds{0, count});
-    Array<Integer> I_Corner(Bounds{0, count}, Bounds{0, 4});
-    for (int e = 1; e <= count; ++e) {
-        const Element& element = model.Elements[e - 1];
-        I_ElementType(e) = element.Corners;
-        for (int i = 0; i < element.Corners; ++i) {
-            I_Corner(e, i + 1) = element.Node[i];
-        }
-    }
-    Integer Nw;
-    fem.GetBandWidth(Nw, count, I_ElementType, I_Corner);
-    return Nw;
-}
-
-void CheckSize(const Model& model) {
-    const std::size_t most = largest_row / 3;
-    if (model.Nodes.size() > most || model.Elements.size() > 32000) {
-        throw AnalysisFailure("the mesh has " + std::to_string(model.Nodes.size()) +
-                              " nodes; equations are counted in 16 bits, which allows " +
-                              std::to_string(most) +
-                              " nodes. Take larger elements, or model a half or a quarter.");
-    }
-}
-
 } // namespace
 
 SlabSystem::SlabSystem(const Model& model, const AnalysisOptions& options, RunWindow& window)
     : model_(model), options_(options), window_(window) {
     const Stopwatch watch(Seconds);
-    CheckSize(model);
-    Nw_ = BandWidth(model, fem_);
-    if (Equations() + Nw_ - 1 > largest_row) {
-        throw AnalysisFailure("equations and half band width together are " +
-                              std::to_string(Equations() + Nw_) + "; 16 bits allow " +
-                              std::to_string(largest_row) +
-                              ". Take larger elements, or model a half or a quarter.");
-    }
+    Nw_ = BandWidthOf(model, fem_);
     restraints_ = Restraints(model, fem_);
     BuildMatrix();
 }
@@ -139,25 +106,6 @@ Array<Single> SlabSystem::Assemble(Array<Single>& Q, const Vector& extraForces) 
     return A;
 }
 
-void SlabSystem::Eliminate(Array<Single>& A, Array<Single>& Q) {
-    if (fem_.SetBoundaryToMatrix(Nw_, restraints_.NF, A, Q, restraints_.AufL, restraints_.NS,
-                                 window_.Form())) {
-        throw Cancelled();
-    }
-    window_.Begin("Elimination", Equations());
-    try {
-        if (fem_.SolveMatrix(Nw_, Equations(), A, Q, window_.Form(), true, window_.StatusBar())) {
-            throw Cancelled();
-        }
-    } catch (const torlib::RunTimeError& error) {
-        throw AnalysisFailure(std::string("the elimination broke down (") + error.what() +
-                              "): the stiffnesses of the model lie too far apart for 32 bits. "
-                              "Check thickness, modulus and springs, or take larger elements.");
-    }
-    window_.End();
-    factor_ = BandFactor(A, Nw_, Equations());
-}
-
 void SlabSystem::NoteWeakestPivot() {
     WeakestPivot = 1;
     for (int i = 0; i < Equations(); ++i) {
@@ -190,40 +138,17 @@ Vector SlabSystem::Solve(const Vector& soilSprings, const Vector& extraForces) {
     RequireHeld(model_, restraints_, springs_);
     Array<Single> Q;
     Array<Single> A = Assemble(Q, extraForces);
-    Eliminate(A, Q);
+    factor_ = Eliminated(fem_, window_, Nw_, Equations(), restraints_, A, Q);
     NoteWeakestPivot();
     Vector u(static_cast<std::size_t>(Equations()));
     for (std::size_t i = 0; i < u.size(); ++i) {
         u[i] = restraints_.Held[i] ? 0 : double{Q(static_cast<int>(i) + 1).Value()};
     }
-    Correct(FreeLoads(extraForces), u);
+    const HeldSystem system{stiffness_, springs_, restraints_.Held};
+    CorrectAndNote(
+        system, factor_, FreeLoads(extraForces), u, options_, 1, [this] { Poll(); }, Digits);
     AddTo(u, 1, restraints_.Value);
     return u;
-}
-
-/// Corrects the 32-bit solution and notes what that gave, or only what there is to correct.
-void SlabSystem::Correct(const Vector& b, Vector& u) {
-    const Vector rough = u;
-    const HeldSystem system{stiffness_, springs_, restraints_.Held};
-    if (options_.Plain) {
-        Vector product;
-        system.Multiply(u, product);
-        AddTo(product, -1, b);
-        Digits.ResidualBefore = Digits.ResidualAfter = Norm(b) > 0 ? Norm(product) / Norm(b) : 0;
-        return;
-    }
-    const Correction report = CorrectDigits(system, factor_, b, u, full_digits, [this] { Poll(); });
-    double change = 0;
-    double largest = 0;
-    for (std::size_t i = 0; i < u.size(); i += 3) {
-        change = std::max(change, std::fabs(u[i] - rough[i]));
-        largest = std::max(largest, std::fabs(u[i]));
-    }
-    Digits.Corrected = true;
-    Digits.ResidualBefore = std::max(Digits.ResidualBefore, report.ResidualBefore);
-    Digits.ResidualAfter = report.ResidualAfter;
-    Digits.Steps += report.Steps;
-    Digits.ChangeOfSolution = std::max(Digits.ChangeOfSolution, largest > 0 ? change / largest : 0);
 }
 
 void SlabSystem::Respond(const Vector& forces, Vector& u) {

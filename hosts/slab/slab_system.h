@@ -51,9 +51,7 @@ class SlabSystem {
     void BuildMatrix();
     torlib::Array<torlib::Single> Assemble(torlib::Array<torlib::Single>& Q,
                                            const Vector& extraForces);
-    void Eliminate(torlib::Array<torlib::Single>& A, torlib::Array<torlib::Single>& Q);
     void NoteWeakestPivot();
-    void Correct(const Vector& b, Vector& u);
     Vector FreeLoads(const Vector& extraForces) const;
     void Poll() const;
 

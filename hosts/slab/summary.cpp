@@ -9,14 +9,6 @@ namespace slab {
 
 namespace {
 
-std::string Padded(const std::string& text, std::size_t width) {
-    return text.size() < width ? text + std::string(width - text.size(), ' ') : text;
-}
-
-std::string RightAligned(const std::string& text, std::size_t width) {
-    return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
-}
-
 std::string Place(const Model& model, int node) {
     const Point& point = model.Nodes[static_cast<std::size_t>(node) - 1];
     return "at (" + NumberText(point.x / model.Units.Length) + ", " +

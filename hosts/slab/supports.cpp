@@ -1,26 +1,13 @@
 #include "hosts/slab/supports.h"
 
-#include "hosts/slab/mesh.h"
-
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <numeric>
 #include <set>
 
 namespace slab {
 
 namespace {
-
-constexpr const char* FreedomKeys[] = {"w", "wx", "wy"};
-
-/// The nodes that a support or spring stands on; for lines and edges, the element sides between
-/// them.
-struct Place {
-    std::vector<int> Nodes;
-    std::vector<Side> Sides;
-    bool IsLine = false;
-};
 
 bool HasXLine(torlib::SymmetricCase symmetry) {
     using enum torlib::SymmetricCase;
@@ -178,8 +165,96 @@ Place EdgeOf(const Entry& entry, const ProjectDraft& draft) {
     return place;
 }
 
-Place ReadPlace(const KeyTable& table, const ProjectDraft& draft) {
-    const std::string key = table.OneOf({"node", "at", "line", "edge"});
+void Restrain(const KeyTable& support, ProjectDraft& draft, int node, int freedom, double value) {
+    std::vector<Restraint>& restraints = draft.Model.Restraints;
+    const auto earlier =
+        std::find_if(restraints.begin(), restraints.end(), [=](const Restraint& restraint) {
+            return restraint.Node == node && restraint.Freedom == freedom;
+        });
+    if (earlier == restraints.end()) {
+        restraints.push_back({node, freedom, value});
+    } else if (earlier->Value != value) {
+        support.Fail("node " + std::to_string(node) + " at " +
+                     PlaceText(draft.Model.Nodes[node - 1], draft.Scale) +
+                     " already has another value of " +
+                     draft.Freedoms.Keys[static_cast<std::size_t>(freedom - 1)]);
+    }
+}
+
+/// The keys of a place, and those that follow.
+std::vector<std::string> WithPlace(const std::vector<std::string>& more) {
+    std::vector<std::string> keys{"node", "at", "line", "edge"};
+    keys.insert(keys.end(), more.begin(), more.end());
+    return keys;
+}
+
+[[noreturn]] void FailWithoutValue(const KeyTable& table, const char* what,
+                                   const std::vector<std::string>& keys) {
+    std::string text;
+    for (const std::string& key : keys) {
+        text += (text.empty() ? "" : ", ") + key;
+    }
+    table.Fail(what + ("one of these keys is needed: " + text));
+}
+
+void ReadSupport(const KeyTable& support, ProjectDraft& draft) {
+    std::vector<std::string> keys = draft.Freedoms.Keys;
+    keys.emplace_back("clamped");
+    support.Allow(WithPlace(keys));
+    const Place place = ReadPlace(support, draft);
+    const bool clamped = support.Has("clamped") && support.Get("clamped").Flag();
+    bool any = clamped;
+    for (std::size_t f = 0; f < draft.Freedoms.Keys.size(); ++f) {
+        const auto entry = support.Find(draft.Freedoms.Keys[f]);
+        any = any || entry;
+        if (!entry && !clamped) {
+            continue;
+        }
+        const double unit = f < draft.Freedoms.Displacements ? draft.Scale.Settlement : 1;
+        const double value = entry ? entry->Number(Any) * unit : 0;
+        for (const int node : place.Nodes) {
+            Restrain(support, draft, node, static_cast<int>(f) + 1, value);
+        }
+    }
+    if (!any) {
+        FailWithoutValue(support, "", keys);
+    }
+}
+
+void ReadSpring(const KeyTable& spring, ProjectDraft& draft) {
+    const std::vector<std::string>& keys = draft.Freedoms.Keys;
+    spring.Allow(WithPlace(keys));
+    const Place place = ReadPlace(spring, draft);
+    // A line has stiffness per length, and Shares counts its length in metres.
+    const double perLength = place.IsLine ? draft.Scale.Length : 1;
+    std::array<double, 3> stiffness{};
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const double unit =
+            i < draft.Freedoms.Displacements ? draft.Scale.LineLoad : draft.Scale.Moment;
+        stiffness[i] = spring.NumberOr(keys[i], NotNegative, 0) * unit / perLength;
+    }
+    if (stiffness == std::array<double, 3>{}) {
+        FailWithoutValue(spring, "has no stiffness; ", keys);
+    }
+    std::vector<NodeSpring>& springs = draft.Model.Springs;
+    for (const auto& [number, share] : Shares(spring, place, draft.Model)) {
+        const int node = number;
+        auto known = std::find_if(springs.begin(), springs.end(),
+                                  [node](const NodeSpring& s) { return s.Node == node; });
+        if (known == springs.end()) {
+            known = springs.insert(springs.end(), {node, {}});
+        }
+        for (std::size_t i = 0; i < 3; ++i) {
+            known->Stiffness[i] += share * stiffness[i];
+        }
+    }
+}
+
+} // namespace
+
+Place ReadPlace(const KeyTable& table, const ProjectDraft& draft,
+                const std::vector<std::string>& kinds) {
+    const std::string key = table.OneOf(kinds);
     const Entry entry = table.Get(key);
     if (key == "edge") {
         return EdgeOf(entry, draft);
@@ -204,45 +279,7 @@ Place ReadPlace(const KeyTable& table, const ProjectDraft& draft) {
     return place;
 }
 
-void Restrain(const KeyTable& support, ProjectDraft& draft, int node, int freedom, double value) {
-    std::vector<Restraint>& restraints = draft.Model.Restraints;
-    const auto earlier =
-        std::find_if(restraints.begin(), restraints.end(), [=](const Restraint& restraint) {
-            return restraint.Node == node && restraint.Freedom == freedom;
-        });
-    if (earlier == restraints.end()) {
-        restraints.push_back({node, freedom, value});
-    } else if (earlier->Value != value) {
-        support.Fail("node " + std::to_string(node) + " at " +
-                     PlaceText(draft.Model.Nodes[node - 1], draft.Scale) +
-                     " already has another value of " + FreedomKeys[freedom - 1]);
-    }
-}
-
-void ReadSupport(const KeyTable& support, ProjectDraft& draft) {
-    support.Allow({"node", "at", "line", "edge", "w", "wx", "wy", "clamped"});
-    const Place place = ReadPlace(support, draft);
-    const bool clamped = support.Has("clamped") && support.Get("clamped").Flag();
-    bool any = clamped;
-    for (int freedom = 1; freedom <= 3; ++freedom) {
-        const auto entry = support.Find(FreedomKeys[freedom - 1]);
-        any = any || entry;
-        if (!entry && !clamped) {
-            continue;
-        }
-        const double unit = freedom == 1 ? draft.Scale.Settlement : 1;
-        const double value = entry ? entry->Number(Any) * unit : 0;
-        for (const int node : place.Nodes) {
-            Restrain(support, draft, node, freedom, value);
-        }
-    }
-    if (!any) {
-        support.Fail("one of these keys is needed: w, wx, wy, clamped");
-    }
-}
-
-/// What a spring of unit stiffness, or of unit stiffness per length, gives to each node.
-std::map<int, double> Shares(const KeyTable& spring, const Place& place, const Model& model) {
+std::map<int, double> Shares(const KeyTable& table, const Place& place, const Model& model) {
     std::map<int, double> shares;
     if (!place.IsLine) {
         for (const int node : place.Nodes) {
@@ -256,40 +293,10 @@ std::map<int, double> Shares(const KeyTable& spring, const Place& place, const M
         shares[to] += half;
     }
     if (shares.empty()) {
-        spring.Fail("no side of an element lies on this line");
+        table.Fail("no side of an element lies on this line");
     }
     return shares;
 }
-
-void ReadSpring(const KeyTable& spring, ProjectDraft& draft) {
-    spring.Allow({"node", "at", "line", "edge", "w", "wx", "wy"});
-    const Place place = ReadPlace(spring, draft);
-    // A line has stiffness per length, and Shares counts its length in metres.
-    const double perLength = place.IsLine ? draft.Scale.Length : 1;
-    const double units[] = {draft.Scale.LineLoad / perLength, draft.Scale.Moment / perLength,
-                            draft.Scale.Moment / perLength};
-    std::array<double, 3> stiffness{};
-    for (std::size_t i = 0; i < 3; ++i) {
-        stiffness[i] = spring.NumberOr(FreedomKeys[i], NotNegative, 0) * units[i];
-    }
-    if (stiffness == std::array<double, 3>{}) {
-        spring.Fail("has no stiffness; one of these keys is needed: w, wx, wy");
-    }
-    std::vector<NodeSpring>& springs = draft.Model.Springs;
-    for (const auto& [number, share] : Shares(spring, place, draft.Model)) {
-        const int node = number;
-        auto known = std::find_if(springs.begin(), springs.end(),
-                                  [node](const NodeSpring& s) { return s.Node == node; });
-        if (known == springs.end()) {
-            known = springs.insert(springs.end(), {node, {}});
-        }
-        for (std::size_t i = 0; i < 3; ++i) {
-            known->Stiffness[i] += share * stiffness[i];
-        }
-    }
-}
-
-} // namespace
 
 void ReadSupports(const KeyTable& root, ProjectDraft& draft) {
     for (const KeyTable& support : root.Tables("supports")) {

@@ -1,9 +1,26 @@
 #pragma once
 // Supports and springs at nodes, lines and edges.
 
-#include "hosts/slab/project_draft.h"
+#include "hosts/slab/mesh.h"
+
+#include <map>
 
 namespace slab {
+
+/// The nodes that a support, spring or load stands on; for lines and edges, the element sides
+/// between them.
+struct Place {
+    std::vector<int> Nodes;
+    std::vector<Side> Sides;
+    bool IsLine = false;
+};
+
+/// Reads the one of the keys node, at, line and edge that is there; `kinds` are those allowed.
+Place ReadPlace(const KeyTable& table, const ProjectDraft& draft,
+                const std::vector<std::string>& kinds = {"node", "at", "line", "edge"});
+
+/// What a unit value, on a line one for each metre, gives to each node.
+std::map<int, double> Shares(const KeyTable& table, const Place& place, const Model& model);
 
 /// Reads [[supports]] into restraints.
 void ReadSupports(const KeyTable& root, ProjectDraft& draft);

@@ -264,6 +264,12 @@ TEST(GridBeam, CrossedAndBentBeams) {
 }
 
 TEST(GridBeam, CancelledAndFailingRuns) {
+    const auto values = ArrayFromOne<Single>({2, 3});
+    Single EI, GJ, XD, YD;
+    Integer i, j;
+    FEM_Class().BeamData(2, 1, 2, values, values, values, values, values, values, EI, GJ, XD, YD, i,
+                         j);
+    EXPECT_EQ(i * 10 + j, 21);
     const Points at = {{0, 0}, {1, 0}, {1, 0}};
     EXPECT_FALSE(Grid(at, {}).stopped);
     ExitControlState() = ExitCancelRequested;

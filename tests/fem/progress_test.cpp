@@ -1,118 +1,83 @@
 // The progress display against a form made of named properties, with a clock of its own.
 
 #include "fem_test_tools.h"
+#include "tests/host_window.h"
 
 #include "torlib/frame/companion_services.h"
 #include "torlib/platform/clock.h"
-#include "torlib/platform/component/dynamic_object.h"
 #include "torlib/platform/windows/events.h"
 
 namespace torlib::test {
 namespace {
 
-struct ProgressForm {
-    explicit ProgressForm(int max) {
-        bar.Define(u"Value", 0).Define(u"Max", max);
-        time.Define(u"Visible", true).Define(u"Caption", u"");
-        step.Define(u"Caption", u"");
-        form.Define(u"PrB", bar.Reference()).Define(u"lbltime", time.Reference());
-        form.Define(u"LblStufe", step.Reference());
-        panels.DefineMethod(u"Item", [this](std::span<Argument> arguments) {
-            EXPECT_EQ(arguments[0].Value.ToLong(), 1);
-            panel = arguments[1].Value.ToText();
-            return Variant();
-        });
-        status.Define(u"Visible", true).Define(u"Panels", panels.Reference());
-        status.DefineMethod(u"Refresh", [this](std::span<Argument>) {
-            ++refreshed;
-            return Variant();
-        });
+/// A run of so many steps, shown on a window that is its own status bar.
+struct ProgressRun : HostWindow {
+    explicit ProgressRun(int max) : HostWindow(max) {
         ReplaceClock([this] { return now; });
     }
-    ~ProgressForm() { ReplaceClock({}); }
-    ProgressForm(const ProgressForm&) = delete;
-    ProgressForm& operator=(const ProgressForm&) = delete;
+    ~ProgressRun() { ReplaceClock({}); }
+    ProgressRun(const ProgressRun&) = delete;
+    ProgressRun& operator=(const ProgressRun&) = delete;
 
-    void Step(int value) { fem.ProgressBarValue(form.Reference(), value, status.Reference()); }
-    String TimeText() const {
-        const String lead = Companions().Language().LoadText(60015, {}) + u" ";
-        const String caption = time.Value(u"Caption").ToText();
-        EXPECT_EQ(caption.substr(0, lead.size()), lead);
-        return caption.substr(lead.size());
+    void Step(int value, double at) {
+        now = at;
+        fem.ProgressBarValue(Reference(), value, Reference());
     }
-
     FEM_Class fem;
-    DynamicObject form, bar, time, step, status, panels;
     double now = 0;
-    String panel = u"before";
-    int refreshed = 0;
 };
 
+std::string TimeCaption(const char* time) {
+    return "lbltime.Caption=" + ToUtf8(Companions().Language().LoadText(60015, {})) + " " + time +
+           ";";
+}
+std::string StepText(int step) {
+    return ToUtf8(Companions().Language().LoadText(60016, {u"|1", step, u"|2", 10}));
+}
+
 TEST(Progress, StepsOfARun) {
-    ProgressForm f(10);
-    f.now = 1000;
-    f.Step(1);
-    EXPECT_EQ(f.bar.Value(u"Value").ToLong(), 1);
-    EXPECT_FALSE(f.time.Value(u"Visible").ToBoolean());
-    EXPECT_EQ(f.time.Value(u"Caption").ToText(), u"");
-    const String label = Companions().Language().LoadText(60016, {u"|1", 1, u"|2", 10});
-    EXPECT_NE(label.find(u"10"), String::npos);
-    EXPECT_EQ(f.step.Value(u"Caption").ToText(), label);
-    EXPECT_EQ(f.panel, u"  " + label);
-
-    f.now = 1007;
-    bool yielded = false;
-    PostEvent([&] { yielded = true; });
-    f.Step(4);
-    EXPECT_TRUE(f.time.Value(u"Visible").ToBoolean());
-    EXPECT_EQ(f.TimeText(), u"00:00:11"); // 6 steps to go at 7/4 s: 10.5 s
-    EXPECT_TRUE(yielded);
-
-    f.Step(10);
-    EXPECT_FALSE(f.time.Value(u"Visible").ToBoolean());
-    EXPECT_EQ(f.TimeText(), u"00:00:00");
-    EXPECT_EQ(f.panel, u"");
-    EXPECT_EQ(f.refreshed, 3);
-
-    f.status.Define(u"Visible", false);
-    f.panel = u"kept";
-    f.Step(4);
-    EXPECT_EQ(f.panel, u"kept");
-    EXPECT_EQ(f.refreshed, 3);
+    ProgressRun run(10);
+    const std::string show = "lbltime.Visible=True;", hide = "lbltime.Visible=False;";
+    const auto label = [](int step) { return "LblStufe.Caption=" + StepText(step) + ";"; };
+    const auto panel = [](const std::string& text) { return "Item1=" + text + ";Refresh;"; };
+    EXPECT_NE(StepText(4).find("10"), std::string::npos);
+    run.Step(1, 1000);
+    EXPECT_EQ(run.Take(), "PrB.Value=1;" + hide + label(1) + panel("  " + StepText(1)));
+    PostEvent([&] { run.Reference().Put(u"Caption", u"yielded"); });
+    run.Step(4, 1007); // 6 steps to go at 7/4 s: 10.5 s
+    EXPECT_EQ(run.Take(), "PrB.Value=4;" + show + TimeCaption("00:00:11") + label(4) +
+                              panel("  " + StepText(4)) + "window.Caption=yielded;");
+    run.Step(10, 1007);
+    EXPECT_EQ(run.Take(),
+              "PrB.Value=10;" + show + TimeCaption("00:00:00") + hide + label(10) + panel(""));
+    run.Reference().Put(u"Visible", false);
+    run.Take();
+    run.Step(1, 0);
+    EXPECT_EQ(run.Take(), "PrB.Value=1;" + hide + label(1)) << "a hidden status bar stays";
 }
 
 TEST(Progress, RemainingTime) {
-    struct Case {
-        double elapsed; // for the first half of the run
-        const char16_t* text;
-    };
-    for (const Case& c : {Case{187, u"00:03:07"},
-                          {3600, u"01:00:00"},
-                          {3599, u"00:59:59"},
-                          {45296, u"12:34:56"},
-                          {360000, u"100:00:00"},
-                          {59.5, u"00:00:60"},
-                          {0.25, u"00:00:00"},
-                          {0.4962, u"00:00:01"}, // the time of day is rounded to 1/128 s
-                          {-60, u"-01:59:00"}}) {
-        ProgressForm f(200);
-        f.now = 65536;
-        f.Step(1);
-        f.now = 65536 + c.elapsed;
-        f.Step(100);
-        EXPECT_EQ(f.TimeText(), c.text);
+    // Seconds for the first half of the run; the time of day is rounded to 1/128 s.
+    const std::pair<double, const char*> cases[] = {
+        {187, "00:03:07"},   {3600, "01:00:00"},    {3599, "00:59:59"},
+        {45296, "12:34:56"}, {360000, "100:00:00"}, {59.5, "00:00:60"},
+        {0.25, "00:00:00"},  {0.4962, "00:00:01"},  {-60, "-01:59:00"}};
+    for (const auto& [elapsed, text] : cases) {
+        ProgressRun run(200);
+        run.Step(1, 65536);
+        run.Step(100, 65536 + elapsed);
+        EXPECT_NE(run.Log().find(TimeCaption(text)), std::string::npos) << run.Log();
     }
 }
 
 TEST(Progress, Failures) {
-    ProgressForm f(10);
-    EXPECT_EQ(ErrorOf([&] { f.Step(0); }), 11) << "0/0, and yet a division by zero";
-    f.now = 50;
-    EXPECT_EQ(ErrorOf([&] { f.Step(0); }), 11);
-    EXPECT_EQ(ErrorOf([&] { f.fem.ProgressBarValue({}, 1, f.status.Reference()); }), 91);
-    EXPECT_EQ(ErrorOf([&] { f.fem.ProgressBarValue(f.form.Reference(), 1, {}); }), 91);
-    DynamicObject empty;
-    EXPECT_EQ(ErrorOf([&] { f.fem.ProgressBarValue(empty.Reference(), 1, {}); }), 438);
+    ProgressRun run(10);
+    EXPECT_EQ(ErrorOf([&] { run.Step(0, 0); }), 11) << "0/0, and yet a division by zero";
+    EXPECT_EQ(ErrorOf([&] { run.Step(0, 50); }), 11);
+    const Object form = run.Reference(), empty = DynamicObject().Reference();
+    EXPECT_EQ(ErrorOf([&] { run.fem.ProgressBarValue({}, 1, form); }), 91);
+    EXPECT_EQ(ErrorOf([&] { run.fem.ProgressBarValue(form, 1, {}); }), 91);
+    EXPECT_EQ(ErrorOf([&] { run.fem.ProgressBarValue(empty, 1, {}); }), 438);
 }
 
 } // namespace

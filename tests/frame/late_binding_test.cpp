@@ -184,44 +184,28 @@ TEST_F(LateBinding, RecordsAreTheCallersOwn) {
 
 TEST_F(LateBinding, AWrongCallSaysWhatWouldBeRight) {
     Array<Integer> whole(Bounds{0, 3});
-    const struct {
-        const char16_t* member;
-        std::vector<Argument> arguments;
-        std::string text;
-    } cases[] = {
-        {u"Weigted",
-         {},
-         "Probe.Weigted: Probe has no member Weigted of this use (did you mean Weighted?) (error 438)"},
-        {u"Later", {}, "Probe.Later: Probe has no member Later of this use (error 438)"},
-        {u"Weighted", {1, 2}, "Probe.Weighted: A: the argument is not optional (error 449)"},
-        {u"Weighted",
-         {{u"A", ByRef(A)}},
-         "Probe.Weighted: N: the argument is not optional (error 449)"},
-        {u"Weighted",
-         {1, 2, ByRef(A), 4, 5},
-         "Probe.Weighted: at most 4 arguments are possible (error 450)"},
-        {u"Weighted",
-         {1, 2, {u"N", 3}},
-         "Probe.Weighted: the argument N is given twice (error 450)"},
-        {u"Weighted",
-         {1, {u"Bigg", 2}},
-         "Probe.Weighted: there is no parameter Bigg (did you mean Big?) (error 448)"},
-        {u"Weighted", {u"F", 2, ByRef(A)}, "Probe.Weighted: N: \"F\" is not a number (error 13)"},
-        {u"Weighted",
-         {40000, 2, ByRef(A)},
-         "Probe.Weighted: N: the value 40000 is outside the 16-bit range -32768..32767 (error 6)"},
-        {u"Weighted",
-         {1, 2, ByRef(whole)},
-         "Probe.Weighted: A: an array of another element type is needed, not an array of Integer (error 13)"},
-        {u"Weighted",
-         {1, 2, 3},
-         "Probe.Weighted: A: an array of another element type is needed, not the value 3 (error 13)"},
-        {u"Defaults",
-         {{u"n", 1}, {u"form", 5}},
-         "Probe.Defaults: form: an object is required, not the value 5 (error 424)"},
+    const auto text = [this](const char16_t* member, std::vector<Argument> arguments) {
+        return ErrorText([&] { probe.Invoke(member, std::move(arguments)); });
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(ErrorText([&] { probe.Invoke(c.member, c.arguments); }), c.text);
+    EXPECT_EQ(text(u"Weigted", {}), "Probe.Weigted: Probe has no member Weigted of this use (did "
+                                    "you mean Weighted?) (error 438)");
+    EXPECT_EQ(text(u"Later", {}), "Probe.Later: Probe has no member Later of this use (error 438)");
+    EXPECT_EQ(text(u"Defaults", {{u"n", 1}, {u"form", 5}}),
+              "Probe.Defaults: form: an object is required, not the value 5 (error 424)");
+    const std::pair<std::vector<Argument>, std::string> cases[] = {
+        {{1, 2}, "A: the argument is not optional (error 449)"},
+        {{{u"A", ByRef(A)}}, "N: the argument is not optional (error 449)"},
+        {{1, 2, ByRef(A), 4, 5}, "at most 4 arguments are possible (error 450)"},
+        {{1, 2, {u"N", 3}}, "the argument N is given twice (error 450)"},
+        {{1, {u"Bigg", 2}}, "there is no parameter Bigg (did you mean Big?) (error 448)"},
+        {{u"F", 2, ByRef(A)}, "N: \"F\" is not a number (error 13)"},
+        {{40000, 2, ByRef(A)},
+         "N: the value 40000 is outside the 16-bit range -32768..32767 (error 6)"},
+        {{1, 2, ByRef(whole)},
+         "A: an array of another element type is needed, not an array of Integer (error 13)"},
+        {{1, 2, 3}, "A: an array of another element type is needed, not the value 3 (error 13)"}};
+    for (const auto& [arguments, wanted] : cases) {
+        EXPECT_EQ(text(u"Weighted", arguments), "Probe.Weighted: " + wanted);
     }
 }
 

@@ -1,9 +1,10 @@
-#include "torlib/frame/companion_services.h"
 #include "torlib/frame/error_routine.h"
 #include "torlib/frame/run_state.h"
 #include "torlib/frame/text_tables.h"
 
-#include "tests/error_text.h"
+#include "tests/error_of.h"
+#include "tests/host_window.h"
+#include "tests/silent_utility.h"
 #include "tests/temporary_folder.h"
 
 #include "torlib/platform/component/dynamic_object.h"
@@ -14,8 +15,8 @@
 namespace torlib {
 namespace {
 
-/// A host's own services: remembers what was reported, and may refuse to report.
-class RecordingUtility : public UtilityServices {
+/// Remembers what was reported, and may refuse to report.
+class RecordingUtility : public test::SilentUtility {
   public:
     void ShowError(const RunTimeError& error) override {
         reports.emplace_back(error.what());
@@ -23,23 +24,9 @@ class RecordingUtility : public UtilityServices {
             RaiseError(ErrorNumber::InvalidArgument, "no screen");
         }
     }
-    bool& DialogResult() override { return result; }
-    void PrepareForm(const Object&) override {}
-    void FinishForm(const Object&) override {}
-    void NoteFormTitle(const String&) override {}
-    bool CheckInput(const Object&, int, double, double) override { return false; }
-    void ShowHelpTopic(int) override {}
-    String HelpFileName() override { return u"host.chm"; }
-    void ShowHelpFile() override {}
-    String FormatValueText(const String& value, const std::vector<Variant>&) override {
-        return u"<" + value + u">";
-    }
-    Single ConvertToSingle(const String&) override { return 1; }
-    bool FileIsMissing(const String&) override { return false; }
 
     std::vector<std::string> reports;
     bool refuses = false;
-    bool result = false;
 };
 
 TEST(Texts, LanguageFollowsTheEnvironmentAndUnknownNumbersAreShown) {
@@ -63,8 +50,7 @@ TEST(Texts, LanguageFollowsTheEnvironmentAndUnknownNumbersAreShown) {
         EXPECT_EQ(ToUtf8(companions.Language().LoadText(60017, {std::int32_t{1}})), c.wanted);
         EXPECT_EQ(ToUtf8(companions.Language().LoadText(99999, {})), "#99999");
     }
-    for (const int number : {104, 60015, 60016, 60017}) {
-        EXPECT_NE(TableText(TextLanguage::German, number), u"") << number;
+    for (const int number : {104, 60015, 60016, 60017}) { // in both tables
         EXPECT_NE(TableText(TextLanguage::German, number),
                   TableText(TextLanguage::English, number));
     }
@@ -78,30 +64,28 @@ TEST(Texts, LanguageFollowsTheEnvironmentAndUnknownNumbersAreShown) {
 TEST(Companions, AreMadeOnFirstUseKeptAndReplacedByTheHost) {
     CompanionObjects companions;
     EXPECT_EQ(&companions.Utility(), &companions.Utility());
+    EXPECT_EQ(ToUtf8(companions.Utility().FormatValueText(u"2.5", {})), "2.5");
     companions.Drawing().FontSize = 12;
     EXPECT_EQ(companions.Drawing().FontSize, 12);
-    EXPECT_EQ(ToUtf8(companions.Utility().FormatValueText(u"2.5", {})), "2.5");
-    const auto host = std::make_shared<RecordingUtility>();
+    const auto host = std::make_shared<test::SilentUtility>();
     companions.SetUtility(host);
     EXPECT_EQ(&companions.Utility(), host.get());
-    EXPECT_EQ(ToUtf8(companions.Utility().FormatValueText(u"2.5", {})), "<2.5>");
 }
 
 TEST(Companions, TheOwnServicesCheckInputAndFiles) {
     CompanionObjects companions;
     UtilityServices& utility = companions.Utility();
     DynamicObject box;
-    const auto refused = [&](const char16_t* text, int kind) {
-        box.Define(u"Text", text);
-        return utility.CheckInput(box.Reference(), kind, 1, 10);
-    };
-    EXPECT_FALSE(refused(u"1", 1));
-    EXPECT_FALSE(refused(u"10", 1));
-    EXPECT_FALSE(refused(u"2.5", 2));
-    EXPECT_TRUE(refused(u"2.5", 1));
-    EXPECT_TRUE(refused(u"0.999", 2));
-    EXPECT_TRUE(refused(u"10.001", 2));
-    EXPECT_TRUE(refused(u"F", 2));
+    const struct {
+        const char16_t* text;
+        int kind;
+        bool refused;
+    } cases[] = {{u"1", 1, false},    {u"10", 1, false},    {u"2.5", 2, false}, {u"2.5", 1, true},
+                 {u"0.999", 2, true}, {u"10.001", 2, true}, {u"F", 2, true}};
+    for (const auto& c : cases) {
+        box.Define(u"Text", c.text);
+        EXPECT_EQ(utility.CheckInput(box.Reference(), c.kind, 1, 10), c.refused) << ToUtf8(c.text);
+    }
     EXPECT_EQ(utility.ConvertToSingle(u"0.1").Value(), 0.1F);
     EXPECT_EQ(test::ErrorOf([&] { utility.ConvertToSingle(u"F"); }), 13);
     const test::TemporaryFolder folder;
@@ -129,21 +113,17 @@ TEST(HandleError, ReportsClosesFileNumberOneAndNeverFails) {
 
 TEST(RunState, StartsRunningAndAnEventMayCancelDuringThePoll) {
     EXPECT_EQ(ExitControlState(), ExitRunning);
-    DynamicObject form("form");
-    int unloaded = 0;
-    form.DefineMethod(u"Unload", [&](std::span<Argument>) {
-        ++unloaded;
-        return Variant();
-    });
+    test::HostWindow window;
+    const Object form = window.Reference();
     ScreenMousePointer() = MousePointer::Hourglass;
-    EXPECT_FALSE(CheckCancelRequest(form.Reference()));
-    PostEvent([&] { RequestCancel(form.Reference()); });
+    EXPECT_FALSE(CheckCancelRequest(form));
+    PostEvent([&] { RequestCancel(form); });
     EXPECT_EQ(ScreenMousePointer(), MousePointer::Hourglass);
-    EXPECT_TRUE(CheckCancelRequest(form.Reference())) << "the click runs inside the poll";
-    EXPECT_EQ(unloaded, 1);
+    EXPECT_TRUE(CheckCancelRequest(form)) << "the click runs inside the poll";
+    EXPECT_EQ(window.Take(), "Unload;");
     EXPECT_EQ(ScreenMousePointer(), MousePointer::Default);
     EXPECT_TRUE(CheckCancelRequest({})) << "the state does not change";
-    EXPECT_EQ(unloaded, 1);
+    EXPECT_EQ(window.Log(), "");
     ExitControlState() = ExitRunning;
 }
 

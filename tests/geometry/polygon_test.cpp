@@ -29,8 +29,7 @@ struct Outline {
     }
 
     Integer N;
-    Array<Single> x;
-    Array<Single> Y;
+    Array<Single> x, Y;
     Array<Integer> Node;
 };
 
@@ -68,8 +67,7 @@ TEST(SectionProperties, OfKnownPolygonsInAnyOrderAndPlace) {
 
 TEST(SectionProperties, OfDegenerateAndShortInput) {
     Outline line({{1, 1}, {3, 3}, {2, 2}});
-    Single area = 9;
-    Single xs;
+    Single area = 9, xs;
     geometry.Querschnittswerte(line.N, line.x, line.Y, area, xs);
     EXPECT_EQ(area.Value(), 0);
     EXPECT_EQ(xs.Value(), line.x(1).Value());

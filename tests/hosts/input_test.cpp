@@ -96,7 +96,8 @@ TEST(Units, OfModulusAndSettlementMayBeChosen) {
     EXPECT_NEAR(model.Stop.Accuracy, 0.0001, 1e-15);
     model = Parsed("force = \"kN\"", "force = \"kN\"\nsettlement = \"mm\"");
     EXPECT_NEAR(model.Stop.Accuracy, 0.00001, 1e-15);
-    EXPECT_EQ(slab::ParseProject(slab::Examples()[1].Text, "us").Units.SettlementName, "in");
+    model = Parsed("length = \"m\"", "length = \"ft\"");
+    EXPECT_EQ(model.Units.SettlementName, "in");
 }
 
 TEST(Grid, KeepsAreaUsesEveryNodeAndHasANarrowBand) {
@@ -278,14 +279,15 @@ TEST(Soil, RegionsChangeTheSubgradeWhereTheyLie) {
 }
 
 TEST(Examples, AreValidAndSayWhatTheyShow) {
-    std::map<std::string, slab::Model> models;
+    std::map<std::string, std::string> texts;
     for (const slab::Example& example : slab::Examples()) {
         EXPECT_GT(example.Purpose.size(), 40u) << example.Name;
-        ASSERT_EQ(Refusal(example.Text), "accepted") << example.Name;
-        models.emplace(example.Name, slab::ParseProject(example.Text, example.Name));
+        EXPECT_EQ(Refusal(example.Text), "accepted") << example.Name;
+        texts.emplace(example.Name, example.Text);
     }
-    ASSERT_EQ(models.count("raft-half-space"), 1u);
-    const auto total = [](const slab::Model& model) {
+    ASSERT_EQ(texts.count("raft-half-space"), 1u);
+    const auto total = [&texts](const std::string& name) {
+        const slab::Model model = slab::ParseProject(texts.at(name), name);
         double sum = 0;
         for (std::size_t i = 0; i < model.NodalLoads.size(); i += 3) {
             sum += model.NodalLoads[i];
@@ -295,7 +297,7 @@ TEST(Examples, AreValidAndSayWhatTheyShow) {
         }
         return sum;
     };
-    EXPECT_NEAR(total(models.at("full-model")), 4 * total(models.at("quarter-model")), 1e-6);
+    EXPECT_NEAR(total("full-model"), 4 * total("quarter-model"), 1e-6);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // A small project that tests change line by line.
 
 #include "hosts/slab/project.h"
+#include "hosts/slab/system.h"
 
 #include <string>
 
@@ -68,7 +69,7 @@ inline slab::Model Parsed(const std::string& from, const std::string& to) {
 /// The message of the refusal, or "accepted".
 inline std::string Refusal(const std::string& text) {
     try {
-        slab::ParseProject(text, "test.toml");
+        slab::OpenProjectText(text, "test.toml");
     } catch (const slab::InputError& error) {
         return error.what();
     }

@@ -1,5 +1,6 @@
 // Wrong projects are refused with place, key and allowed range, and never crash.
 
+#include "hosts/slab/system.h"
 #include "tests/hosts/project_text.h"
 
 #include <gtest/gtest.h>
@@ -161,7 +162,7 @@ TEST(Refusal, OfFilesThatAreNoProjects) {
     std::filesystem::create_directories(folder);
     const auto refusal = [](const std::filesystem::path& path) -> std::string {
         try {
-            slab::ReadProject(path.string());
+            slab::OpenProject(path.string());
         } catch (const slab::InputError& error) {
             return error.what();
         }

@@ -24,8 +24,7 @@ Array<Single> MatrixOf(int rows, int columns, std::initializer_list<Single> rowB
 }
 
 TEST(Products, AreRoundedAfterEveryTermInAscendingOrder) {
-    const Single up = 1 + 0x1p-23;
-    const Single down = 1 - 0x1p-23;
+    const Single up = 1 + 0x1p-23, down = 1 - 0x1p-23;
     const struct {
         Single a[3], b[3];
         double Sum;

@@ -57,8 +57,7 @@ TEST(ShapeFunctions, AreOneAtTheirCorner) {
     Samp(1, 1) = -1;
     Samp(2, 1) = 1;
     const int cornerAt[2][2] = {{1, 4}, {2, 3}}; // by xi and eta
-    Array<Single> Der;
-    Array<Single> Fun;
+    Array<Single> Der, Fun;
     for (int k : Range(1, 4)) {
         for (int i : Range(1, 2)) {
             for (int j : Range(1, 2)) {
@@ -67,6 +66,7 @@ TEST(ShapeFunctions, AreOneAtTheirCorner) {
             }
         }
     }
+    EXPECT_EQ(Fun.UBound() * 100 + Der.UBound() * 10 + Der.UBound(2), 424);
     EXPECT_EQ(ErrorOf([&] { math.Bilinear(Der, Fun, Samp, 1, 3); }), 9);
 }
 

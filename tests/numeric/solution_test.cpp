@@ -138,8 +138,7 @@ TEST(LineFit, FindsTheLeastSquaresLineOrFails) {
         {2, ArrayFromOne<Single>({2}), ArrayFromOne<Single>({1}), 9, 41, 42},
     };
     for (const auto& of : cases) {
-        Single C1 = 41;
-        Single C2 = 42;
+        Single C1 = 41, C2 = 42;
         EXPECT_EQ(ErrorOf([&] { math.BestFitting(of.N, of.x, of.Y, C1, C2); }), of.Error);
         EXPECT_EQ(C1.Value(), static_cast<float>(of.C1));
         EXPECT_EQ(C2.Value(), static_cast<float>(of.C2));

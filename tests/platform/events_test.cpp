@@ -1,8 +1,7 @@
 #include "torlib/platform/windows/events.h"
 
-#include "tests/error_text.h"
-
-#include "torlib/platform/component/dynamic_object.h"
+#include "tests/error_of.h"
+#include "tests/host_window.h"
 
 #include <gtest/gtest.h>
 
@@ -46,15 +45,11 @@ TEST(Events, ASourceBringsEventsInBeforeTheyRun) {
 }
 
 TEST(Events, UnloadingAsksTheFormByName) {
-    DynamicObject form("form");
-    EXPECT_EQ(test::ErrorOf([&] { UnloadForm(form.Reference()); }), 438);
-    int unloaded = 0;
-    form.DefineMethod(u"Unload", [&](std::span<Argument>) {
-        ++unloaded;
-        return Variant();
-    });
-    UnloadForm(form.Reference());
-    EXPECT_EQ(unloaded, 1);
+    const DynamicObject empty;
+    EXPECT_EQ(test::ErrorOf([&] { UnloadForm(empty.Reference()); }), 438);
+    test::HostWindow window;
+    UnloadForm(window.Reference());
+    EXPECT_EQ(window.Log(), "Unload;");
     EXPECT_EQ(test::ErrorOf([] { UnloadForm({}); }), 91);
 }
 

@@ -18,13 +18,10 @@ TEST(Text, Utf8AndBackIsTheSameForEveryWholeCharacter) {
         if (c >= 0xD800 && c < 0xE000) {
             continue;
         }
-        std::u16string wide;
-        if (c < 0x10000) {
-            wide += static_cast<char16_t>(c);
-        } else {
-            wide += static_cast<char16_t>(0xD7C0 + (c >> 10));
-            wide += static_cast<char16_t>(0xDC00 + (c & 0x3FF));
-        }
+        const auto high = static_cast<char16_t>(0xD7C0 + (c >> 10));
+        const auto low = static_cast<char16_t>(0xDC00 + (c & 0x3FF));
+        const std::u16string wide =
+            c < 0x10000 ? std::u16string{static_cast<char16_t>(c)} : std::u16string{high, low};
         ASSERT_EQ(FromUtf8(ToUtf8(wide)), wide) << std::hex << static_cast<unsigned>(c);
     }
     EXPECT_EQ(ToUtf8(u"m\u00B2 \u0644\u0627 \U0001F9F1"),

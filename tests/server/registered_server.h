@@ -1,6 +1,7 @@
 #pragma once
 // Registers the library file in a registry of the test's own, by the file's entry points alone.
 
+#include "torlib/platform/component/create_object.h"
 #include "torlib/platform/component/server_entry_points.h"
 
 #include "tests/temporary_folder.h"
@@ -53,7 +54,10 @@ class RegisteredServer : public testing::Test {
         setenv("TORLIB_REGISTRY", folder_.File("components.reg").c_str(), 1);
         ASSERT_EQ(ServerFile().Register(), Result::Ok);
     }
-    void TearDown() override { unsetenv("TORLIB_REGISTRY"); }
+    void TearDown() override {
+        EXPECT_EQ(UnloadFreeServers(), 0) << "nothing of the library is held any longer";
+        unsetenv("TORLIB_REGISTRY");
+    }
 
   private:
     TemporaryFolder folder_;

@@ -62,19 +62,6 @@ TEST(PointLoad, SatisfiesHookesLawAndEquilibrium) {
     }
 }
 
-TEST(PointLoad, SwappingThePointsKeepsOrTurnsTheSign) {
-    const int parity[] = {0, 0, -1, -1, 1, 1, 1, 1, 1, -1, -1};
-    for (const auto& p : points) {
-        const double opposite[3] = {-p[0], -p[1], p[2]};
-        for (int f = Ux; f <= Tyz; ++f) {
-            EXPECT_EQ(At(f, p, 0.25), parity[f] * At(f, opposite, 0.25)) << f;
-            EXPECT_NE(At(f, p, 0.25), 0) << f;
-        }
-        EXPECT_EQ(soil.Co_P_HS(p[0], 0, p[1], 0, 0.3).Value(),
-                  soil.Co_P_HS(0, p[0], 0, p[1], 0.3).Value());
-    }
-}
-
 TEST(PointLoad, OnTheAxisAndOnTheSurface) {
     for (const int f : {Ux, Vy, Txy, Txz, Tyz}) {
         EXPECT_EQ(At(f, {0, 0, 2}, 0.25), 0) << f;

@@ -48,8 +48,7 @@ Sums Quadrature(const Triangle& of, double z, double Ho, double nu) {
             const double m = (b + 0.5) / cells;
             const Single x = of.i[0] + s * (of.j[0] + m * side[0] - of.i[0]);
             const Single y = of.i[1] + s * (of.j[1] + m * side[1] - of.i[1]);
-            const Single xi = of.i[0];
-            const Single yi = of.i[1];
+            const Single xi = of.i[0], yi = of.i[1];
             const double area = std::fabs(cross) * s / cells / cells;
             sum.Sz += area * soil.Sz_P_ST(xi, x, yi, y, z).Value();
             sum.Wz += area * soil.Wz_P_ST(xi, x, yi, y, z, nu).Value();
@@ -70,12 +69,9 @@ Sums Quadrature(const Triangle& of, double z, double Ho, double nu) {
 }
 
 TEST(TriangleLoad, IsThePointLoadSummedOverTheTriangle) {
-    const double nu = 0.3;
-    const double area = 2.5;
+    const double nu = 0.3, area = 2.5;
     for (const Triangle& of : triangles) {
-        Single Dt;
-        Single ET;
-        Single FT;
+        Single Dt, ET, FT;
         const Geometry_Class geometry;
         geometry.TriangularGeometry(of.i[0], of.i[1], of.j[0], of.j[1], of.k[0], of.k[1], Dt, ET,
                                     FT);

@@ -1,28 +1,16 @@
 #include "torlib/ui/torva_class.h"
 
 #include "tests/error_text.h"
+#include "tests/host_window.h"
+#include "tests/silent_utility.h"
 
-#include "torlib/frame/companion_services.h"
 #include "torlib/frame/run_state.h"
-#include "torlib/platform/component/dynamic_object.h"
 #include "torlib/platform/windows/events.h"
 
 #include <gtest/gtest.h>
 
 namespace torlib {
 namespace {
-
-/// A host's calculation window that counts how often it is unloaded.
-struct HostForm {
-    HostForm() {
-        form.DefineMethod(u"Unload", [this](std::span<Argument>) {
-            ++unloaded;
-            return Variant();
-        });
-    }
-    DynamicObject form{"FrmShow"};
-    int unloaded = 0;
-};
 
 class TORVA : public testing::Test {
   protected:
@@ -32,12 +20,12 @@ class TORVA : public testing::Test {
 
 TEST_F(TORVA, TheCancelButtonAsksDuringARunAndClosesAfterIt) {
     for (const Long state : {0, 1, 2, 3, 4, 5, 6, 7, -1, 70000}) {
-        HostForm host;
+        test::HostWindow host;
         torva.WriteExitcontrol(state);
         EXPECT_EQ(torva.ReadExitcontrol(), state) << "stored as it is";
-        torva.OKCancel(host.form.Reference());
+        torva.OKCancel(host.Reference());
         const bool ended = state >= 4 && state <= 6;
-        EXPECT_EQ(host.unloaded, ended ? 1 : 0) << state;
+        EXPECT_EQ(host.Log(), ended ? "Unload;" : "") << state;
         EXPECT_EQ(torva.ReadExitcontrol(), ended ? state : Long{ExitCancelRequested}) << state;
     }
     torva.WriteExitcontrol(ExitFinished);
@@ -46,21 +34,21 @@ TEST_F(TORVA, TheCancelButtonAsksDuringARunAndClosesAfterIt) {
 }
 
 TEST_F(TORVA, ThePollYieldsAndReportsACancelWithAndWithoutAForm) {
-    HostForm host;
+    test::HostWindow host;
     bool ran = false;
     PostEvent([&ran] { ran = true; });
     EXPECT_FALSE(torva.ActivateDoEvents());
     EXPECT_TRUE(ran);
     for (const Long state : {0, 4, 5, 6}) {
         torva.WriteExitcontrol(state);
-        EXPECT_FALSE(torva.ActivateDoEvents(host.form.Reference())) << state;
+        EXPECT_FALSE(torva.ActivateDoEvents(host.Reference())) << state;
     }
-    EXPECT_EQ(host.unloaded, 0);
+    EXPECT_EQ(host.Log(), "");
     torva.WriteExitcontrol(ExitCancelRequested);
     EXPECT_TRUE(torva.ActivateDoEvents());
-    EXPECT_EQ(host.unloaded, 0);
-    EXPECT_TRUE(torva.ActivateDoEvents(host.form.Reference()));
-    EXPECT_EQ(host.unloaded, 1);
+    EXPECT_EQ(host.Log(), "");
+    EXPECT_TRUE(torva.ActivateDoEvents(host.Reference()));
+    EXPECT_EQ(host.Log(), "Unload;");
     EXPECT_EQ(torva.ReadExitcontrol(), ExitCancelRequested) << "the poll never changes the state";
     TORVAClass other;
     EXPECT_EQ(other.ReadExitcontrol(), ExitCancelRequested) << "one state for all instances";
@@ -137,17 +125,8 @@ TEST_F(TORVA, BlanksAndListingLinesAlign) {
 }
 
 /// Answers with what it was asked, or fails.
-class AskedUtility : public UtilityServices {
+class AskedUtility : public test::SilentUtility {
   public:
-    void ShowError(const RunTimeError&) override {}
-    bool& DialogResult() override { return result_; }
-    void PrepareForm(const Object&) override {}
-    void FinishForm(const Object&) override {}
-    void NoteFormTitle(const String&) override {}
-    bool CheckInput(const Object&, int, double, double) override { return false; }
-    void ShowHelpTopic(int) override {}
-    String HelpFileName() override { return {}; }
-    void ShowHelpFile() override {}
     String FormatValueText(const String& value, const std::vector<Variant>& parameters) override {
         if (value.empty()) {
             RaiseError(ErrorNumber::InvalidArgument, "no value");
@@ -158,11 +137,6 @@ class AskedUtility : public UtilityServices {
         }
         return text;
     }
-    Single ConvertToSingle(const String&) override { return 0; }
-    bool FileIsMissing(const String&) override { return false; }
-
-  private:
-    bool result_ = false;
 };
 
 TEST_F(TORVA, TheValueIsFormattedByTheUtilityService) {

@@ -17,11 +17,13 @@
 // wall_triangle.cpp (plane stress), foundation_level.cpp (levels, node coordinates), fem_class.cpp
 // (instance, member table).
 //
-// Shared by all members: the equation number of degree of freedom j of node n is
-// (n - 1) * NFreedom + j; plates and grid beams carry (w, dw/dx, dw/dy) at a node, plane frames (u,
-// v, rotation from +y towards +x), wall triangles (u, v). A(n, l), l = 1..Nw, holds
-// K(n, n + l - 1). A and Q carry Nw - 1 zero rows beyond the last equation. An index such as
-// n + l - 1 is formed as a whole and checked against 16 bits where it is stored.
+// Shared by all members: units are the caller's, one consistent set for lengths, forces and
+// moduli; rotations and slopes are in radians. The equation number of degree of freedom j of node n
+// is (n - 1) * NFreedom + j; plates and grid beams carry (w, dw/dx, dw/dy) at a node, plane frames
+// (u, v, rotation from +y towards +x), wall triangles (u, v).
+// A(n, l), l = 1..Nw, holds K(n, n + l - 1). A and Q carry Nw - 1 zero rows beyond the last
+// equation. An index such as n + l - 1 is formed as a whole and checked against 16 bits where it is
+// stored.
 
 #include "torlib/frame/arithmetic.h"
 #include "torlib/frame/enumerations.h"

@@ -137,12 +137,12 @@ class TORLIB_API Geometry_Class {
     /// of types. `Np1`, `Np2`, `NTy(1..NE)` end nodes and type of each beam. `NM` [in/out] number
     /// of mesh lines. `Mp1`, `Mp2`, `MTy(1..NM)` [in/out] their end nodes and types: on return the
     /// pieces of the listed beams, row by row, with the type of their beam, resized to 0..NM.
-    /// Mesh lines must not overlap: a piece without neighbours leaves its place in LT1 and LT2
-    /// zero. Lists of which there is no row stay as they are. Errors: 6 for an overflow, also of
-    /// NM; 9 for a count or a node number beyond the arrays, and for overlapping lines as long as
-    /// the beam that leave its start out. Deviations: `Nk` and `NT` are not read, the arrays carry
-    /// their sizes; mesh lines are judged by `DefiningPoint`, so coordinates should be on a common
-    /// grid.
+    /// Mesh lines must have a length and not overlap: a piece without neighbours leaves its place
+    /// in LT1 and LT2 zero. Lists of which there is no row stay as they are. Errors: 6 for an
+    /// overflow, also of NM; 9 for a count or a node number beyond the arrays, and for overlapping
+    /// lines as long as the beam that leave its start out. Deviations: `Nk` and `NT` are not read,
+    /// the arrays carry their sizes; mesh lines are judged by `DefiningPoint`, so coordinates
+    /// should be on a common grid.
     void Sortingbeamelements(Integer& NME, Array<Integer>& IME, Array<Integer>& KME,
                              Array<Integer>& LT1, Array<Integer>& LT2, const Integer& Nk,
                              const Array<Single>& XGriD, const Array<Single>& YGriD,

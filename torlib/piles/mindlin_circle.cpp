@@ -29,14 +29,22 @@ struct Ray {
     }
 };
 
-} // namespace
+struct Direction {
+    Real cosine;
+    Real sine;
+};
 
-Single CircleRayIntegral(Single R, Single ro, Single C, Single Z, Single theta, const Soil& soil) {
+/// The direction at the angle, Pi lifted to where the logarithms exist.
+Direction Towards(Single theta) {
     if (theta == Single(Pi)) {
         theta = 0.999 * theta;
     }
-    const Real cosine = Cos(theta);
-    const Real sine = Sin(theta);
+    return {Cos(theta), Sin(theta)};
+}
+
+Single AlongRay(Single R, Single ro, Single C, Single Z, const Direction& direction,
+                const Soil& soil) {
+    const auto& [cosine, sine] = direction;
     const Real p = R * cosine;
     const Real q2 = R * R * (sine * sine);
     const Real d2 = R * R + ro * ro + 2 * R * ro * cosine;
@@ -60,11 +68,19 @@ Single CircleRayIntegral(Single R, Single ro, Single C, Single Z, Single theta, 
     return J2 + J1 + J3 + J4 + J5;
 }
 
+} // namespace
+
+Single CircleRayIntegral(Single R, Single ro, Single C, Single Z, Single theta, const Soil& soil) {
+    return AlongRay(R, ro, C, Z, Towards(theta), soil);
+}
+
 Single Circle(Single R, Single ro, Single C, Single Z, const Soil& soil) {
-    const auto at = [&](Single theta) { return CircleRayIntegral(R, ro, C, Z, theta, soil); };
-    const Single step = Pi / Steps;
-    const Single S = HalfTurn(at, true, step);
-    return S * step / (ro * ro * 8 * (Pi * Pi) * soil.Shear * (1 - soil.Nu));
+    static const auto directions = AtAngles(Towards);
+    const auto at = [&](const Direction& direction) {
+        return AlongRay(R, ro, C, Z, direction, soil);
+    };
+    const Single S = HalfTurn(directions, at, true);
+    return S * Step / (ro * ro * 8 * (Pi * Pi) * soil.Shear * (1 - soil.Nu));
 }
 
 Single CircleCentre(Single ro, Single C, Single Z, const Soil& soil) {

@@ -49,13 +49,13 @@ Single Line(Single R, Single L1, Single L2, Single Z, const Soil& soil) {
 }
 
 Single Ring(Single R, Single ro, Single L1, Single L2, Single Z, const Soil& soil) {
-    const auto at = [&](Single theta) {
-        const Single d = Sqrt(R * R + ro * ro + 2 * R * ro * Cos(theta));
+    static const auto cosines = AtAngles([](Single theta) { return Cos(theta); });
+    const auto at = [&](Real cosine) {
+        const Single d = Sqrt(R * R + ro * ro + 2 * R * ro * cosine);
         return Line(d, L1, L2, Z, soil);
     };
-    const Single step = Pi / Steps;
-    const Single S = HalfTurn(at, R != ro, step);
-    return step * S / Pi;
+    const Single S = HalfTurn(cosines, at, R != ro);
+    return Step * S / Pi;
 }
 
 } // namespace torlib::mindlin

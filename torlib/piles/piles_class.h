@@ -41,7 +41,7 @@ class TORLIB_API Piles_class {
     /// the shaft and at 0.02, 0.03 and 0.10 DF.
     ///
     /// Beyond the tables their last value holds; a negative soil strength continues the line from
-    /// zero. A settlement beyond the curve has the last point's resistance. A load beyond the curve
+    /// zero. A settlement beyond the curve has the resistance of point 4. A load beyond the curve
     /// has the settlement on the last segment's continuation; where that never reaches the load, or
     /// at no settlement a 32-bit number can hold, SV is the largest settlement of the curve. With a
     /// base below 0.3 m the shaft's limit settlement can lie beyond that of the base: point 3 then
@@ -66,8 +66,8 @@ class TORLIB_API Piles_class {
     /// Result: stress times length squared over load, tension positive: under the pile it is
     /// negative, and the coefficients printed in the literature, compression positive, are its
     /// opposite. 0 for any other case.
-    /// Errors: 11 or 6 for Np = 0 in the cases 2 and 3, 6 at the base on the axis in case 1, 5 in
-    /// case 3 above the base so close to the axis that Np is lost beside MP.
+    /// Errors: 11 for Nue = 1, 11 or 6 for Np = 0 in the cases 2 and 3, 6 at the base on the axis
+    /// in case 1, 5 in case 3 above the base so close to the axis that Np is lost beside MP.
     ///
     /// Source: Geddes (1966), Stresses in foundation soils due to vertical subsurface loading,
     /// Geotechnique 16. Deviations: the distances are kept in double precision, since terms of

@@ -1,0 +1,123 @@
+#include "hosts/slab/plane/frame_sections.h"
+
+#include "torlib/geometry/geometry_class.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace slab {
+
+using torlib::Array;
+using torlib::Single;
+
+namespace {
+
+constexpr int MostCorners = 1000;
+/// Relative difference between the area as listed and as sorted about the mean point.
+constexpr double SortedAreaSlack = 1e-4;
+
+/// The outline of a section in the units of the file.
+using Outline = std::vector<Point>;
+
+double ListedArea(const Outline& outline) {
+    double twice = 0;
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+        const Point& a = outline[i];
+        const Point& b = outline[(i + 1) % outline.size()];
+        twice += a.x * b.y - b.x * a.y;
+    }
+    return std::fabs(twice) / 2;
+}
+
+/// Area and second moment about the horizontal axis, in the units of the outline.
+void TakeProperties(const Entry& entry, const Outline& outline, FrameSection& section) {
+    const int corners = static_cast<int>(outline.size());
+    Array<Single> x;
+    Array<Single> Y;
+    x.ReDim(corners);
+    Y.ReDim(corners);
+    // From the first corner, so that an outline far from the origin keeps its digits.
+    for (int i = 1; i <= corners; ++i) {
+        x(i) = outline[static_cast<std::size_t>(i - 1)].x - outline[0].x;
+        Y(i) = outline[static_cast<std::size_t>(i - 1)].y - outline[0].y;
+    }
+    Single area;
+    Single xs;
+    Single ys;
+    Single inertia;
+    try {
+        torlib::Geometry_Class().Querschnittswerte(corners, x, Y, area, xs, ys, inertia);
+    } catch (const torlib::RunTimeError& error) {
+        entry.Fail(std::string("gives no section properties: ") + error.what());
+    }
+    section.Area = double{area.Value()};
+    section.Inertia = double{inertia.Value()};
+    if (!(section.Area > 0) || !(section.Inertia > 0)) {
+        entry.Fail("encloses no area");
+    }
+    if (std::fabs(section.Area - ListedArea(outline)) > SortedAreaSlack * section.Area) {
+        entry.Fail("has corners that are hidden from the middle of the section, or in no order "
+                   "around it; give area and inertia instead");
+    }
+}
+
+Outline ReadPolygon(const Entry& entry) {
+    const std::vector<Entry> corners = entry.List();
+    if (corners.size() < 3 || corners.size() > MostCorners) {
+        entry.Fail("has " + std::to_string(corners.size()) + " corners (allowed: 3 to " +
+                   std::to_string(MostCorners) + ")");
+    }
+    Outline outline;
+    for (const Entry& corner : corners) {
+        outline.push_back(corner.Pair());
+    }
+    return outline;
+}
+
+void ReadShape(const KeyTable& table, FrameSection& section) {
+    const std::string kind = table.OneOf({"area", "polygon", "width"});
+    if (kind == "area") {
+        section.Area = table.Get("area").Number(Positive);
+        section.Inertia = table.Get("inertia").Number(Positive);
+        return;
+    }
+    if (table.Has("inertia")) {
+        table.Get("inertia").Fail("follows from " + kind + "; give it with area only");
+    }
+    if (kind == "polygon") {
+        TakeProperties(table.Get(kind), ReadPolygon(table.Get(kind)), section);
+        return;
+    }
+    const double width = table.Get("width").Number(Positive);
+    const double height = table.Get("height").Number(Positive);
+    TakeProperties(table.Get("width"), {{0, 0}, {width, 0}, {width, height}, {0, height}}, section);
+}
+
+} // namespace
+
+std::vector<FrameSection> ReadFrameSections(const KeyTable& root, const UnitScale& scale) {
+    std::vector<FrameSection> sections;
+    for (const KeyTable& table : root.Tables("sections")) {
+        table.Allow(
+            {"name", "modulus", "area", "inertia", "width", "height", "polygon", "unit_weight"});
+        FrameSection section;
+        section.Name = table.Get("name").Text();
+        if (std::any_of(sections.begin(), sections.end(), [&section](const FrameSection& other) {
+                return other.Name == section.Name;
+            })) {
+            table.Get("name").Fail("\"" + section.Name + "\" is the name of an earlier section");
+        }
+        ReadShape(table, section);
+        section.Area *= scale.Length * scale.Length;
+        section.Inertia *= std::pow(scale.Length, 4);
+        section.Modulus = table.Get("modulus").Number(Positive) * scale.Modulus;
+        section.UnitWeight = table.NumberOr("unit_weight", NotNegative, 0) * scale.Density;
+        sections.push_back(section);
+    }
+    if (sections.empty()) {
+        root.Fail("a frame needs at least one of [[sections]]");
+    }
+    return sections;
+}
+
+} // namespace slab
