@@ -5,6 +5,7 @@
 #include "hosts/slab/findings.h"
 #include "hosts/slab/interaction.h"
 #include "hosts/slab/moments.h"
+#include "hosts/slab/piles/piled_soil.h"
 
 #include <chrono>
 #include <cmath>
@@ -24,13 +25,20 @@ bool HasFlexibility(const Soil& soil) {
 }
 
 ContactState Settle(const Model& model, const std::vector<ContactArea>& areas, SlabSystem& system,
-                    RunWindow& window, double& soilSeconds) {
+                    RunWindow& window, Results& results) {
     if (!HasFlexibility(model.Soil)) {
         return SettleOnSprings(model, system, window);
     }
     const auto start = Clock::now();
+    if (!model.Piling.Piles.empty()) {
+        const PiledSoil soil(model, areas, window);
+        results.SoilSeconds = SecondsSince(start);
+        ContactState state = SettleOnSoil(model, soil.Areas(), soil.Flexibility(), system, window);
+        results.Piles = soil.PileResults(state.Force);
+        return state;
+    }
     const SoilFlexibility soil(model, areas, window);
-    soilSeconds = SecondsSince(start);
+    results.SoilSeconds = SecondsSince(start);
     return SettleOnSoil(model, areas, soil, system, window);
 }
 
@@ -74,6 +82,12 @@ void FillNodes(const Model& model, const std::vector<ContactArea>& areas, const 
         node.Pressure = soilAreas[n] > 0 ? state.Force[n] / soilAreas[n] : 0;
         node.SoilSettlement = state.SoilSettlement.empty() ? 0 : state.SoilSettlement[n];
     }
+    // What a pile carries is no pressure on the slab; the piles have their own results.
+    for (const PileResult& pile : results.Piles) {
+        NodeResult& node = results.Nodes[static_cast<std::size_t>(pile.Node - 1)];
+        node.ContactForce = 0;
+        node.Pressure = 0;
+    }
     FillMoments(model, state.Displacement, results.Nodes);
 }
 
@@ -87,7 +101,7 @@ Results Analyse(const Model& model, const AnalysisOptions& options, RunWindow& w
     Results results;
     SlabSystem system(model, options, window);
     const std::vector<ContactArea> areas = ContactAreas(model);
-    const ContactState state = Settle(model, areas, system, window, results.SoilSeconds);
+    const ContactState state = Settle(model, areas, system, window, results);
     RequireFinite(model, state.Displacement);
     FillNodes(model, areas, state, results);
     results.Cycles = state.Cycles;

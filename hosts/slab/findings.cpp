@@ -109,12 +109,15 @@ void FillReactions(const Model& model, const SlabSystem& system, const ContactSt
         results.Reactions.push_back(reaction);
     }
     slab::Balance& balance = results.Balance;
+    for (const Pile& pile : model.Piling.Piles) {
+        balance.Piles += state.Force[static_cast<std::size_t>(pile.Node - 1)];
+    }
     double sizes = 0;
     for (std::size_t n = 0; n < model.Nodes.size(); ++n) {
         const double load = system.Loads()[3 * n];
         balance.Loads += load;
         sizes += std::fabs(load);
-        balance.Soil += state.Force.empty() ? 0 : state.Force[n];
+        balance.Soil += results.Nodes[n].ContactForce;
         balance.Supports -= restraints.Held[3 * n] ? held[3 * n] : 0;
         Reaction spring{static_cast<int>(n) + 1, {}, true};
         bool any = false;
@@ -132,7 +135,8 @@ void FillReactions(const Model& model, const SlabSystem& system, const ContactSt
         balance.RelativeError += std::fabs(held[3 * n]);
     }
     sizes = sizes > 0 ? sizes : balance.RelativeError;
-    const double error = balance.Loads - balance.Soil - balance.Supports - balance.Springs;
+    const double error =
+        balance.Loads - balance.Soil - balance.Piles - balance.Supports - balance.Springs;
     balance.RelativeError = sizes > 0 ? std::fabs(error) / sizes : 0;
 }
 

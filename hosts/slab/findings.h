@@ -5,7 +5,7 @@
 
 namespace slab {
 
-/// Reactions of supports and node springs, and the vertical balance.
+/// Reactions of supports and node springs, and the vertical balance; the nodes must be filled.
 void FillReactions(const Model& model, const SlabSystem& system, const ContactState& state,
                    Results& results);
 

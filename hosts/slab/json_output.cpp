@@ -88,13 +88,35 @@ Json IterationOf(const Model& model, const Results& results) {
     return {{"converged", results.Converged}, {"cycles", std::move(cycles)}};
 }
 
+Json PilesOf(const Model& model, const Results& results) {
+    const double force = model.Units.Force;
+    Json piles = Json::array();
+    for (const PileResult& pile : results.Piles) {
+        Json segments = Json::array();
+        for (const double segment : pile.Segments) {
+            segments.push_back(segment / force);
+        }
+        const Point& at = model.Nodes[static_cast<std::size_t>(pile.Node - 1)];
+        piles.push_back(
+            {{"node", pile.Node},
+             {"x", at.x / model.Units.Length},
+             {"y", at.y / model.Units.Length},
+             {"head", pile.Head / force},
+             {"shaft", pile.Shaft / force},
+             {"base", pile.Base / force},
+             {"settlement", InUnits(model.Units, Dimension::Settlement, pile.Settlement)},
+             {"base_settlement", InUnits(model.Units, Dimension::Settlement, pile.BaseSettlement)},
+             {"at_capacity", pile.Exhausted},
+             {"segments", std::move(segments)}});
+    }
+    return piles;
+}
+
 Json BalanceOf(const Model& model, const Balance& balance) {
     const double force = model.Units.Force;
-    return {{"loads", balance.Loads / force},
-            {"soil", balance.Soil / force},
-            {"supports", balance.Supports / force},
-            {"springs", balance.Springs / force},
-            {"relative_error", balance.RelativeError}};
+    return {{"loads", balance.Loads / force},     {"soil", balance.Soil / force},
+            {"piles", balance.Piles / force},     {"supports", balance.Supports / force},
+            {"springs", balance.Springs / force}, {"relative_error", balance.RelativeError}};
 }
 
 } // namespace
@@ -122,6 +144,9 @@ std::string JsonText(const Model& model, const Results& results) {
     document["warnings"] = results.Warnings;
     document["nodes"] = NodesOf(model, results);
     document["elements"] = ElementsOf(model);
+    if (!results.Piles.empty()) {
+        document["piles"] = PilesOf(model, results);
+    }
     document["reactions"] = ReactionsOf(model, results);
     // A file name or title may hold bytes that are no UTF-8; they must not cost the results.
     return document.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";

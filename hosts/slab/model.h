@@ -72,6 +72,22 @@ struct Soil {
     bool TensionCutOff = false;    ///< the slab lifts off where the soil would have to pull
 };
 
+/// A vertical pile with its head at a node. A pile on a symmetry line is cut by it, like the node.
+struct Pile {
+    int Node = 0;
+    double Length = 0;   ///< m
+    double Diameter = 0; ///< m
+    double Modulus = 0;  ///< kN/m2; 0 for a pile that cannot be compressed
+    double Capacity = 0; ///< kN, most that the head can carry; 0 for no limit
+};
+
+/// The piles under a slab, which then needs a half-space or one layer.
+struct Piling {
+    std::vector<Pile> Piles;
+    double Segment = 0;  ///< wanted length of the pieces into which the shafts are divided, m
+    bool Contact = true; ///< the slab between the piles rests on the soil
+};
+
 /// When the iteration between structure and soil ends.
 struct StopRule {
     double Accuracy = 0.0001; ///< largest change or mismatch of settlements in a cycle, m
@@ -93,6 +109,7 @@ struct Model {
     std::vector<Restraint> Restraints;
     torlib::SymmetricCase Symmetry = torlib::SymmetricCase::Unsymmetric;
     slab::Soil Soil;
+    slab::Piling Piling;
     StopRule Stop;
 };
 

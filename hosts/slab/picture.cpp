@@ -58,6 +58,7 @@ class Plan {
             Shade(element);
         }
         Mesh();
+        Piles();
         Frame();
         Legend();
         out_ << "</svg>\n";
@@ -128,6 +129,15 @@ class Plan {
             out_ << 'Z';
         }
         out_ << "\"/>\n";
+    }
+
+    void Piles() {
+        for (const Pile& pile : model_.Piling.Piles) {
+            const Sample p = At(pile.Node);
+            out_ << "<circle cx=\"" << Short(p.x) << "\" cy=\"" << Short(p.y) << "\" r=\""
+                 << Short(pile.Diameter / 2 * scale_)
+                 << "\" fill=\"#ffffff80\" stroke=\"#222\" stroke-width=\"1.5\"/>\n";
+        }
     }
 
     void Frame() {

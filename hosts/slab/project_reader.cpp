@@ -3,6 +3,7 @@
 #include "hosts/slab/key_table.h"
 #include "hosts/slab/loads.h"
 #include "hosts/slab/mesh.h"
+#include "hosts/slab/piles/pile_reader.h"
 #include "hosts/slab/project.h"
 #include "hosts/slab/project_file.h"
 #include "hosts/slab/slab_groups.h"
@@ -48,7 +49,7 @@ void CheckWhole(const KeyTable& root, const Model& model) {
 Model ReadSlabProject(const ProjectFile& file) {
     const KeyTable root = file.Root();
     root.Allow({"title", "system", "units", "mesh", "slab", "loads", "supports", "springs", "soil",
-                "iteration"});
+                "piles", "iteration"});
     ProjectDraft draft;
     draft.Model.File = file.Name();
     draft.Model.Title = root.Has("title") ? root.Get("title").Text() : "";
@@ -60,6 +61,7 @@ Model ReadSlabProject(const ProjectFile& file) {
     ReadSupports(root, draft);
     ReadSprings(root, draft);
     ReadSoil(root, draft);
+    ReadPiles(root, draft);
     ReadIteration(root, draft);
     CheckWhole(root, draft.Model);
     return draft.Model;

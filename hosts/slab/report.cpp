@@ -1,5 +1,6 @@
 #include "hosts/slab/listing.h"
 #include "hosts/slab/output.h"
+#include "hosts/slab/piles/pile_lines.h"
 #include "hosts/slab/quantities.h"
 #include "hosts/slab/report_lines.h"
 
@@ -21,6 +22,7 @@ class Report : private Listing {
         ExtremeValues();
         BalanceAndDigits();
         Iteration();
+        Piles();
         NodeTable();
         ReactionTable();
         Warnings();
@@ -100,6 +102,9 @@ class Report : private Listing {
         const Balance& balance = results_.Balance;
         Force("Loads", balance.Loads);
         Force("Soil", balance.Soil);
+        if (!results_.Piles.empty()) {
+            Force("Piles", balance.Piles);
+        }
         Force("Supports", balance.Supports);
         Force("Springs", balance.Springs);
         Line("Relative error", "", "-", NumberText(balance.RelativeError));
@@ -131,6 +136,16 @@ class Report : private Listing {
             Cell(row, Value(Dimension::Settlement, cycle.Change), 20);
             Cell(row, Value(Dimension::Settlement, cycle.Mismatch), 20);
             text_ += row + u"\r\n";
+        }
+    }
+
+    void Piles() {
+        if (results_.Piles.empty()) {
+            return;
+        }
+        Heading("Piles (all of a pile that a symmetry line cuts)");
+        for (const std::string& line : PileTable(model_, results_)) {
+            Raw(line);
         }
     }
 

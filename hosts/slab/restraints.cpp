@@ -114,8 +114,26 @@ bool SymmetryLines::OnYMax(const Point& p) const {
     return std::fabs(p.y - yMax_) < 0.001;
 }
 
+int SymmetryLines::PartsAt(const Point& p) const {
+    return (acrossY_ != 0 && OnXMax(p) ? 2 : 1) * (acrossX_ != 0 && OnYMax(p) ? 2 : 1);
+}
+
 bool SymmetryLines::Silent(const Point& p) const {
     return (acrossX_ < 0 && OnYMax(p)) || (acrossY_ < 0 && OnXMax(p));
+}
+
+std::vector<MirrorImage> MirrorImages(const Point& p, const SymmetryLines& lines) {
+    std::vector<MirrorImage> images{{p, 1.0}};
+    if (lines.AcrossX() != 0) {
+        images.push_back({{p.x, 2 * lines.YMax() - p.y}, double(lines.AcrossX())});
+    }
+    if (lines.AcrossY() != 0) {
+        for (std::size_t i = images.size(); i-- > 0;) {
+            images.push_back({{2 * lines.XMax() - images[i].At.x, images[i].At.y},
+                              images[i].Sign * lines.AcrossY()});
+        }
+    }
+    return images;
 }
 
 std::string NameOfNode(const Model& model, int node) {

@@ -45,6 +45,8 @@ class SymmetryLines {
     double YMax() const { return yMax_; }
     bool OnXMax(const Point& p) const;
     bool OnYMax(const Point& p) const;
+    /// How many times the part of a thing at this place makes the whole: 1, 2 on a line, 4 on two.
+    int PartsAt(const Point& p) const;
     /// On a line where settlement and contact force vanish by antisymmetry.
     bool Silent(const Point& p) const;
 
@@ -54,6 +56,17 @@ class SymmetryLines {
     double xMax_ = 0;
     double yMax_ = 0;
 };
+
+/// A place and the sign with which what stands there answers.
+struct MirrorImage {
+    Point At;
+    double Sign = 1;
+};
+
+/// The point and its mirror images: the settlement at the point from a mirrored load is that at the
+/// mirrored point from the load itself. On a symmetry line a point is its own image and comes
+/// twice.
+std::vector<MirrorImage> MirrorImages(const Point& p, const SymmetryLines& lines);
 
 /// "node 12 at x = 3 m, y = 4 m".
 std::string NameOfNode(const Model& model, int node);

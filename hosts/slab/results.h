@@ -26,6 +26,18 @@ struct Reaction {
     bool IsSpring = false;
 };
 
+/// What a pile carries, all of it where a symmetry line cuts it; kN, compression positive.
+struct PileResult {
+    int Node = 0;
+    double Head = 0; ///< load on the head: shaft and base
+    double Shaft = 0;
+    double Base = 0;
+    double Settlement = 0;        ///< of the head, m
+    double BaseSettlement = 0;    ///< m, less by the pile's compression
+    bool Exhausted = false;       ///< carries its capacity, and slips
+    std::vector<double> Segments; ///< what each piece of the shaft hands over, from the top
+};
+
 struct Cycle {
     int Number = 0;
     double Change = 0;   ///< largest change of a settlement in this cycle, m
@@ -36,9 +48,10 @@ struct Cycle {
 struct Balance {
     double Loads = 0;
     double Soil = 0;
+    double Piles = 0;
     double Supports = 0;
     double Springs = 0;
-    double RelativeError = 0; ///< |Loads - Soil - Supports - Springs| / sum of the loads' sizes
+    double RelativeError = 0; ///< |Loads - all others| / sum of the loads' sizes
 };
 
 /// What rounding to 32 bits cost, and what the correction gave back.
@@ -59,6 +72,7 @@ struct Extreme {
 struct Results {
     std::vector<NodeResult> Nodes;
     std::vector<Reaction> Reactions;
+    std::vector<PileResult> Piles; ///< in the order of the model
     std::vector<Cycle> Cycles;
     bool Converged = true;
     slab::Balance Balance;

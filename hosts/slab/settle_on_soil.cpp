@@ -35,7 +35,13 @@ class SoilIteration {
   public:
     SoilIteration(const Model& model, const std::vector<ContactArea>& areas,
                   const SoilFlexibility& soil, SlabSystem& system, RunWindow& window)
-        : model_(model), soil_(soil), system_(system), window_(window), count_(areas.size()) {
+        : model_(model),
+          soil_(soil),
+          system_(system),
+          window_(window),
+          count_(areas.size()),
+          revisable_(model.Soil.TensionCutOff) {
+        capacity_.assign(count_, 0);
         const SymmetryLines lines(model);
         for (std::size_t n = 0; n < count_; ++n) {
             const int node = static_cast<int>(n) + 1;
@@ -44,6 +50,12 @@ class SoilIteration {
             springs_.push_back(possible ? 1 / soil.Coefficient(node, node) : 0);
         }
         contact_ = possible_;
+        for (const Pile& pile : model.Piling.Piles) {
+            const auto n = static_cast<std::size_t>(pile.Node - 1);
+            const double capacity = pile.Capacity / lines.PartsAt(model.Nodes[n]);
+            capacity_[n] = capacity > 0 ? capacity : HUGE_VAL;
+            revisable_ = revisable_ || capacity > 0;
+        }
     }
 
     ContactState Run();
@@ -64,6 +76,8 @@ class SoilIteration {
     std::size_t count_;
     std::vector<char> possible_; // nodes that can be in contact
     std::vector<char> contact_;  // nodes that are
+    Vector capacity_;            // kN, of the pile on a node; 0 without a pile
+    bool revisable_;             // the set of nodes in contact can change
     Vector springs_;             // kN/m, of the possible nodes
     Vector mismatch_;            // slab less soil settlement, 0 where there is no contact
     std::vector<Direction> directions_;
@@ -160,8 +174,9 @@ bool SoilIteration::Settled() {
     return steady && mismatch <= wish;
 }
 
-/// Releases nodes that pull and takes those back where the slab would sink into the soil; true when
-/// the set of nodes in contact has changed.
+/// Releases nodes that pull and takes those back where the slab would sink into the soil; lets
+/// piles slip at their capacity and stops those that would rise to the slab. True when the set of
+/// nodes in contact has changed.
 bool SoilIteration::ReviseContact() {
     const Vector settlement = soil_.Settlements(state_.Force);
     double total = 0;
@@ -172,12 +187,15 @@ bool SoilIteration::ReviseContact() {
     const double smallGap = 1e-4 * LargestSettlement();
     bool changed = false;
     for (std::size_t n = 0; n < count_; ++n) {
-        const bool pulls = contact_[n] && state_.Force[n] < -smallForce;
-        const bool sinks =
-            possible_[n] && !contact_[n] && state_.Displacement[3 * n] - settlement[n] > smallGap;
-        if (pulls || sinks) {
-            contact_[n] = sinks;
-            state_.Force[n] = 0;
+        const double gap = settlement[n] - state_.Displacement[3 * n];
+        const bool piled = capacity_[n] > 0;
+        const bool canLift = model_.Soil.TensionCutOff && !piled;
+        const bool leaves = contact_[n] && (piled ? state_.Force[n] > capacity_[n] + smallForce
+                                                  : canLift && state_.Force[n] < -smallForce);
+        const bool returns = possible_[n] && !contact_[n] && (piled ? gap : -gap) > smallGap;
+        if (leaves || returns) {
+            contact_[n] = returns;
+            state_.Force[n] = piled ? capacity_[n] : 0;
             changed = true;
         }
     }
@@ -191,9 +209,9 @@ ContactState SoilIteration::Run() {
     Start();
     for (int cycle = 1;; ++cycle) {
         const bool settled = Settled();
-        // While the contact is still in doubt, 1 % of the settlement decides about it.
-        const bool near = model_.Soil.TensionCutOff && Mismatch() < 0.01 * LargestSettlement();
-        const bool revised = (settled || near) && model_.Soil.TensionCutOff && ReviseContact();
+        // While contact and slip are still in doubt, 1 % of the settlement decides about it.
+        const bool near = revisable_ && Mismatch() < 0.01 * LargestSettlement();
+        const bool revised = (settled || near) && revisable_ && ReviseContact();
         state_.Converged = state_.Converged && !revised;
         if ((settled && !revised) || cycle >= most) {
             break;
@@ -210,7 +228,7 @@ ContactState SoilIteration::Run() {
     system_.Balance(state_.Displacement, state_.Force);
     state_.SoilSettlement = soil_.Settlements(state_.Force);
     for (std::size_t n = 0; n < count_; ++n) {
-        state_.Released += possible_[n] && !contact_[n];
+        state_.Released += possible_[n] && !contact_[n] && capacity_[n] == 0;
     }
     return std::move(state_);
 }

@@ -181,27 +181,6 @@ class CoefficientTable {
     std::vector<double> table_;
 };
 
-struct Image {
-    Point At;
-    double Sign = 1;
-};
-
-/// The node and its mirror images: the settlement at the node from a mirrored area is that at the
-/// mirrored node from the area itself.
-std::vector<Image> Images(const Point& p, const SymmetryLines& lines) {
-    std::vector<Image> images{{p, 1.0}};
-    if (lines.AcrossX() != 0) {
-        images.push_back({{p.x, 2 * lines.YMax() - p.y}, double(lines.AcrossX())});
-    }
-    if (lines.AcrossY() != 0) {
-        for (std::size_t i = images.size(); i-- > 0;) {
-            images.push_back({{2 * lines.XMax() - images[i].At.x, images[i].At.y},
-                              images[i].Sign * lines.AcrossY()});
-        }
-    }
-    return images;
-}
-
 } // namespace
 
 SoilFlexibility::SoilFlexibility(const Model& model, const std::vector<ContactArea>& areas,
@@ -218,7 +197,7 @@ SoilFlexibility::SoilFlexibility(const Model& model, const std::vector<ContactAr
     const SymmetryLines lines(model);
     std::vector<Point> points;
     for (const Point& p : model.Nodes) {
-        for (const Image& image : Images(p, lines)) {
+        for (const MirrorImage& image : MirrorImages(p, lines)) {
             points.push_back(image.At);
         }
     }
@@ -227,7 +206,7 @@ SoilFlexibility::SoilFlexibility(const Model& model, const std::vector<ContactAr
     Vector row(nodes_);
     for (std::size_t i = 0; i < nodes_; ++i) {
         row.assign(nodes_, 0);
-        for (const Image& image : Images(model.Nodes[i], lines)) {
+        for (const MirrorImage& image : MirrorImages(model.Nodes[i], lines)) {
             table.AddRow(image.At, image.Sign, row);
         }
         std::transform(row.begin(), row.end(), row_.get() + i * nodes_,

@@ -8,6 +8,7 @@
 #include "hosts/slab/run_window.h"
 
 #include <memory>
+#include <utility>
 
 namespace slab {
 
@@ -15,6 +16,10 @@ class SoilFlexibility {
   public:
     /// Throws Cancelled, or AnalysisFailure when the matrix does not fit into memory.
     SoilFlexibility(const Model& model, const std::vector<ContactArea>& areas, RunWindow& window);
+
+    /// A matrix that stands already, nodes x nodes, row by row.
+    SoilFlexibility(std::size_t nodes, std::unique_ptr<float[]> rows)
+        : nodes_(nodes), row_(std::move(rows)) {}
 
     /// Settlements under contact forces, m and kN.
     Vector Settlements(const Vector& forces) const;

@@ -1,4 +1,5 @@
 #include "hosts/slab/output.h"
+#include "hosts/slab/piles/pile_lines.h"
 #include "hosts/slab/quantities.h"
 #include "hosts/slab/report_lines.h"
 
@@ -41,8 +42,9 @@ void BalanceLine(const Model& model, const Results& results, std::ostringstream&
     };
     const Balance& balance = results.Balance;
     out << "  Balance    loads " << force(balance.Loads) << " = soil " << force(balance.Soil)
-        << " + supports " << force(balance.Supports) << " + springs " << force(balance.Springs)
-        << "; relative error " << NumberText(balance.RelativeError) << '\n';
+        << (results.Piles.empty() ? "" : " + piles " + force(balance.Piles)) << " + supports "
+        << force(balance.Supports) << " + springs " << force(balance.Springs) << "; relative error "
+        << NumberText(balance.RelativeError) << '\n';
 }
 
 } // namespace
@@ -56,6 +58,9 @@ std::string SummaryText(const Model& model, const Results& results) {
     ExtremeLines(model, results, out);
     out << '\n';
     BalanceLine(model, results, out);
+    if (!results.Piles.empty()) {
+        out << "  Piles      " << PileSummary(model, results) << '\n';
+    }
     if (!results.Cycles.empty()) {
         const Cycle& last = results.Cycles.back();
         const auto settlement = [&](double value) {

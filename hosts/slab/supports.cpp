@@ -19,23 +19,6 @@ bool HasYLine(torlib::SymmetricCase symmetry) {
     return symmetry == Y_Symmetric || symmetry == XY_Symmetric || symmetry == Y_AntiSymmetric;
 }
 
-int NodeAt(const Entry& entry, const ProjectDraft& draft) {
-    const Point pair = entry.Pair();
-    const Point at{pair.x * draft.Scale.Length, pair.y * draft.Scale.Length};
-    const std::vector<Point>& nodes = draft.Model.Nodes;
-    const auto nearest =
-        std::min_element(nodes.begin(), nodes.end(), [&at](const Point& a, const Point& b) {
-            return Distance(a, at) < Distance(b, at);
-        });
-    const int number = static_cast<int>(nearest - nodes.begin()) + 1;
-    if (Distance(*nearest, at) > draft.Tolerance) {
-        entry.Fail("is no mesh node; the nearest is node " + std::to_string(number) + " at " +
-                   PlaceText(*nearest, draft.Scale) + " (allowed: up to " +
-                   ShortNumber(draft.Tolerance / draft.Scale.Length) + " from a node)");
-    }
-    return number;
-}
-
 /// One value or a list of values of a key, as nodes.
 template <class Reader>
 std::vector<int> OneOrMore(const Entry& entry, bool isList, Reader&& nodeOf) {
@@ -270,8 +253,8 @@ Place ReadPlace(const KeyTable& table, const ProjectDraft& draft,
                                 [count](const Entry& item) { return item.WholeNumber(1, count); });
     } else {
         const bool several = entry.IsList() && !entry.List().empty() && entry.List()[0].IsList();
-        place.Nodes =
-            OneOrMore(entry, several, [&draft](const Entry& item) { return NodeAt(item, draft); });
+        place.Nodes = OneOrMore(entry, several,
+                                [&draft](const Entry& item) { return MeshNodeAt(item, draft); });
     }
     if (place.Nodes.empty()) {
         entry.Fail("names no node (allowed: at least one)");
@@ -296,6 +279,23 @@ std::map<int, double> Shares(const KeyTable& table, const Place& place, const Mo
         table.Fail("no side of an element lies on this line");
     }
     return shares;
+}
+
+int MeshNodeAt(const Entry& entry, const ProjectDraft& draft) {
+    const Point pair = entry.Pair();
+    const Point at{pair.x * draft.Scale.Length, pair.y * draft.Scale.Length};
+    const std::vector<Point>& nodes = draft.Model.Nodes;
+    const auto nearest =
+        std::min_element(nodes.begin(), nodes.end(), [&at](const Point& a, const Point& b) {
+            return Distance(a, at) < Distance(b, at);
+        });
+    const int number = static_cast<int>(nearest - nodes.begin()) + 1;
+    if (Distance(*nearest, at) > draft.Tolerance) {
+        entry.Fail("is no mesh node; the nearest is node " + std::to_string(number) + " at " +
+                   PlaceText(*nearest, draft.Scale) + " (allowed: up to " +
+                   ShortNumber(draft.Tolerance / draft.Scale.Length) + " from a node)");
+    }
+    return number;
 }
 
 void ReadSupports(const KeyTable& root, ProjectDraft& draft) {

@@ -7,6 +7,8 @@
 
 namespace slab {
 
+/// The mesh node at a place [x, y], which may be off by the snapping distance.
+int MeshNodeAt(const Entry& entry, const ProjectDraft& draft);
 /// The nodes that a support, spring or load stands on; for lines and edges, the element sides
 /// between them.
 struct Place {

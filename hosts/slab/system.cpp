@@ -15,6 +15,7 @@ constexpr System systems[] = {
     {"slab", OpenSlab},
     {"frame", OpenFrame},
     {"wall", OpenWall},
+    {"pile", OpenPile},
 };
 
 const System& SystemOf(const KeyTable& root) {

@@ -49,5 +49,6 @@ class ProjectFile;
 std::unique_ptr<Project> OpenSlab(const ProjectFile& file);
 std::unique_ptr<Project> OpenFrame(const ProjectFile& file);
 std::unique_ptr<Project> OpenWall(const ProjectFile& file);
+std::unique_ptr<Project> OpenPile(const ProjectFile& file);
 
 } // namespace slab

@@ -94,10 +94,13 @@ TEST_F(Program, ShippedExamplesBalanceAndConverge) {
         ASSERT_EQ(run.code, 0) << line << run.err;
         const auto json = nlohmann::json::parse(FileText(In("r.json")));
         EXPECT_LT(json["balance"]["relative_error"], 1e-6) << line;
+        EXPECT_EQ(run.err, "") << line;
+        if (line == "bored-pile") {
+            continue; // neither iteration nor equations
+        }
         EXPECT_TRUE(json["iteration"]["converged"]) << line;
         EXPECT_LE(json["iteration"]["cycles"].size(), 30U) << line;
         EXPECT_LT(json["digits"]["residual_after"], 1e-9) << line;
-        EXPECT_EQ(run.err, "") << line;
     }
     EXPECT_GE(count, 5);
     EXPECT_EQ(Run({"--example", "slab-floor"}).code, 3) << "an existing file is kept";
