@@ -26,8 +26,8 @@ class Watched:
 
 
 class Panels(Watched):
-    def Item(self, _index, text):
-        self._log.append(f"Item={text};")
+    def Item(self, index, text):
+        self._log.append(f"Item{index}={text};")
 
 
 class Window(Watched):
