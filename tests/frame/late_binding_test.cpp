@@ -1,5 +1,5 @@
 #include "torlib/frame/class_object.h"
-#include "torlib/frame/enumerations.h"
+#include "torlib/frame/records.h"
 
 #include "tests/error_text.h"
 
@@ -53,6 +53,10 @@ class Probe {
                digit(static_cast<Long>(kind));
     }
     void Grow(Array<Integer>& A, Integer n) { A.ReDim(n); }
+    void Mirror(const Vec3& From, Vec3& To, Array<Vec3>& Points) {
+        To = {From.x, From.Y, -From.Z};
+        Points(1) = To;
+    }
     Long ReadLevel() const { return level_; }
     void WriteLevel(Long NewValue) { level_ = NewValue; }
 
@@ -75,6 +79,7 @@ constexpr Member members[] = {
                               {u"kind", 4}}),
     Reserved(u"Later"),
     Method<&Probe::Grow>(u"Grow", u"", {u"A", u"n"}),
+    Method<&Probe::Mirror>(u"Mirror", u"", {u"From", u"To", u"Points"}),
     PropertyGet<&Probe::ReadLevel>(u"Level", u""),
     PropertyPut<&Probe::WriteLevel>(u"Level", u"", {u"NewValue"}),
 };
@@ -158,6 +163,23 @@ TEST_F(LateBinding, ArraysAreTheCallersOwn) {
                   probe.Invoke(u"Weighted", {5, 1, ByRef(A)});
               }),
               "Probe.Weighted: A: index 4 outside 0..3 (error 9)");
+}
+
+TEST_F(LateBinding, RecordsAreTheCallersOwn) {
+    Vec3 from{1, 2, 3};
+    Vec3 to;
+    Array<Vec3> points(Bounds{0, 1});
+    probe.Invoke(u"Mirror", {ByRef(from), ByRef(to), ByRef(points)});
+    EXPECT_EQ(to.Z, -3);
+    EXPECT_EQ(points(1).Y, 2);
+    PlaneData plane;
+    const auto error = [&](const Variant& From) {
+        return ErrorText([&] { probe.Invoke(u"Mirror", {From, ByRef(to), ByRef(points)}); });
+    };
+    EXPECT_EQ(error(ByRef(plane)),
+              "Probe.Mirror: From: a record Vec3 is needed, not a record PlaneData (error 13)");
+    EXPECT_EQ(error(7), "Probe.Mirror: From: a record Vec3 is needed, not the value 7 (error 13)");
+    EXPECT_EQ(error(Missing()), "Probe.Mirror: From: the argument is not optional (error 449)");
 }
 
 TEST_F(LateBinding, AWrongCallSaysWhatWouldBeRight) {

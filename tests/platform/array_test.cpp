@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <vector>
 
 namespace torlib {
 namespace {
@@ -74,6 +75,59 @@ TEST(Array, MessagesNameTheMemberAndTheArgumentAtWork) {
         EXPECT_EQ(ErrorText([&] { a(5) = 1; }), "Inner.Member: A: index 5 outside 1..2 (error 9)");
     }
     EXPECT_EQ(ErrorText([&] { a(5) = 1; }), "Outer.Member: Other: index 5 outside 1..2 (error 9)");
+}
+
+TEST(Array, BorrowedMemoryIsWorkedInAndKeepsItsBounds) {
+    auto owner = std::make_shared<std::vector<double>>(12, 1.5);
+    const std::weak_ptr<void> alive = owner;
+    double* const memory = owner->data();
+    Array<double> a;
+    a.Borrow(memory, std::move(owner), {0, 3}, {0, 2});
+    a(3, 1) = 7;
+    EXPECT_EQ(memory[7], 7);
+    for (const auto& change : std::initializer_list<void (*)(Array<double>&)>{
+             [](auto& x) { x.ReDim(2, 3); }, [](auto& x) { x.ReDim(11); },
+             [](auto& x) {
+                 x.ReDim(Bounds{1, 4}, Bounds{0, 2});
+             },
+             [](auto& x) {
+                 x = Array<double>(Bounds{0, 3});
+             }}) {
+        EXPECT_NE(ErrorText([&] { change(a); }).find("(error 10)"), std::string::npos);
+    }
+    EXPECT_EQ(memory[7], 7) << "a refused change leaves the elements";
+    const Array<double> copy = a;
+    Array<double> wanted(Bounds{0, 3}, Bounds{0, 2});
+    wanted(1, 2) = 4;
+    a = std::move(wanted);
+    EXPECT_EQ(memory[9], 4);
+    EXPECT_EQ(copy(3, 1), 7) << "a copy has memory of its own";
+    a.ReDim(3, 2);
+    EXPECT_EQ(memory[9], 0) << "the bounds that it has are cleared in place";
+    Array<double> moved = std::move(a);
+    moved(0, 0) = 2;
+    EXPECT_FALSE(alive.expired());
+    moved = Array<double>(moved);
+    EXPECT_EQ(memory[0], 2);
+    { const Array<double> last = std::move(moved); }
+    EXPECT_TRUE(alive.expired());
+}
+
+TEST(Array, WhoeverLooksAtTheMemoryFixesTheBoundsAndKeepsItAlive) {
+    Array<double> a(Bounds{0, 3});
+    auto look = a.Share();
+    a(2) = 5;
+    EXPECT_EQ(static_cast<double*>(look.get())[2], 5);
+    EXPECT_NE(ErrorText([&] { a.ReDimPreserve(4); }).find("(error 10)"), std::string::npos);
+    a.ReDimPreserve(3);
+    EXPECT_EQ(a(2), 5);
+    { const Array<double> gone = std::move(a); }
+    EXPECT_EQ(static_cast<double*>(look.get())[2], 5);
+    a = Array<double>(Bounds{0, 1});
+    look = a.Share();
+    look.reset();
+    a.ReDim(9);
+    EXPECT_EQ(a.UBound(), 9);
 }
 
 TEST(Array, WithoutMemoryItIsLeftUnallocated) {

@@ -1,7 +1,7 @@
 #pragma once
 // From a late-bound argument to a typed parameter and back: conversion with error 13, defaults of
-// arguments that were left out, arrays without a copy, by-reference scalars written back when the
-// member changed them (also when it fails).
+// arguments that were left out, arrays and records without a copy, by-reference scalars written
+// back when the member changed them (also when it fails).
 
 #include "torlib/frame/arithmetic.h"
 #include "torlib/frame/optional_ref.h"
@@ -51,12 +51,19 @@ struct ParameterType {
     bool IsArray = false;
     bool ByReference = false;
     bool Writable = false;
+    std::unique_ptr<SafeArray> (*NewArray)() = nullptr; ///< makes an array of such elements
 };
 
 /// The argument to convert and the parameter it is for.
 struct CastSource {
     const Variant& Value;
     const Parameter& For;
+};
+
+/// A record that crosses the library's boundary.
+template <class T>
+concept PublishedRecord = requires {
+    requires ValueTypeOf<T>::Type == ValueType::Record;
 };
 
 namespace table {
@@ -66,6 +73,8 @@ TORLIB_API Variant Effective(const CastSource& source);
 /// The caller's array when its elements are of this type; otherwise raises 13 naming the parameter.
 TORLIB_API SafeArray& CheckedArray(const CastSource& source, ValueType type,
                                    const char16_t* recordName);
+/// The caller's record of this type; otherwise raises 13 naming the parameter.
+TORLIB_API void* CheckedRecord(const CastSource& source, const char16_t* recordName);
 
 template <class T>
 T FromVariant(const Variant& value) {
@@ -90,6 +99,11 @@ T FromVariant(const Variant& value) {
 }
 
 template <class T>
+std::unique_ptr<SafeArray> NewArray() {
+    return std::make_unique<Array<T>>();
+}
+
+template <class T>
 struct Description {
     static constexpr ParameterType Value{std::is_enum_v<T>            ? ValueType::Long
                                          : std::is_same_v<T, bool>    ? ValueType::Boolean
@@ -107,8 +121,8 @@ struct Description<T> {
 };
 template <class T>
 struct Description<Array<T>> {
-    static constexpr ParameterType Value{Array<T>::ElementTypeCode, Array<T>::ElementRecordName,
-                                         true};
+    static constexpr ParameterType Value{
+        Array<T>::ElementTypeCode, Array<T>::ElementRecordName, true, false, false, &NewArray<T>};
 };
 template <class T>
 struct Description<OptionalRef<T>> {
@@ -182,7 +196,8 @@ class ArgumentCast {
 /// A scalar that the member may change. One that it leaves alone is not written back: a double
 /// keeps the digits that a 32-bit parameter cannot hold, an empty variant stays empty.
 template <class T>
-requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T>) class ArgumentCast<T&> {
+requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T> &&
+         !PublishedRecord<T>) class ArgumentCast<T&> {
   public:
     explicit ArgumentCast(const CastSource& source)
         : target_(source.Value), value_(table::Convert<T>(source)), before_(value_) {}
@@ -246,6 +261,23 @@ class ArgumentCast<P> {
 
   private:
     A& array_;
+};
+
+/// A record, passed on without a copy.
+template <class P>
+requires PublishedRecord<std::remove_cvref_t<P>>
+class ArgumentCast<P> {
+    using Record = std::remove_cvref_t<P>;
+
+  public:
+    explicit ArgumentCast(const CastSource& source)
+        : record_(*static_cast<Record*>(
+              table::CheckedRecord(source, ValueTypeOf<Record>::RecordName))) {}
+    Record& Get() const { return record_; }
+    void Finish() const {}
+
+  private:
+    Record& record_;
 };
 
 } // namespace torlib

@@ -191,6 +191,20 @@ SafeArray& CheckedArray(const CastSource& source, ValueType type, const char16_t
                                               source.Value.KindName());
 }
 
+void* CheckedRecord(const CastSource& source, const char16_t* recordName) {
+    const std::string name = ToUtf8(source.For.Name);
+    if (source.Value.IsMissing()) {
+        RaiseError(ErrorNumber::ArgumentNotOptional, name + ": the argument is not optional");
+    }
+    const Variant given = source.Value.Dereferenced();
+    const auto* record = std::get_if<RecordReference>(&given.Value());
+    if (!record || std::u16string_view(record->Name) != recordName) {
+        RaiseError(ErrorNumber::TypeMismatch, name + ": a record " + ToUtf8(recordName) +
+                                                  " is needed, not " + given.KindName());
+    }
+    return record->Address;
+}
+
 } // namespace table
 
 } // namespace torlib

@@ -46,4 +46,25 @@ struct FElementType {
 };
 static_assert(sizeof(FElementType) == 36);
 
+template <>
+struct ValueTypeOf<Vec3> {
+    static constexpr ValueType Type = ValueType::Record;
+    static constexpr const char16_t* RecordName = u"Vec3";
+};
+template <>
+struct ValueTypeOf<PlaneData> {
+    static constexpr ValueType Type = ValueType::Record;
+    static constexpr const char16_t* RecordName = u"PlaneData";
+};
+template <>
+struct ValueTypeOf<FVertex> {
+    static constexpr ValueType Type = ValueType::Record;
+    static constexpr const char16_t* RecordName = u"FVertex";
+};
+template <>
+struct ValueTypeOf<FElementType> {
+    static constexpr ValueType Type = ValueType::Record;
+    static constexpr const char16_t* RecordName = u"FElementType";
+};
+
 } // namespace torlib

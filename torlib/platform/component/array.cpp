@@ -56,6 +56,16 @@ void SafeArray::RaiseSize(int n) const {
     RaiseError(ErrorNumber::OutOfRange, Label() + "cannot have the size " + std::to_string(n));
 }
 
+void SafeArray::RaiseFixed() const {
+    RaiseError(ErrorNumber::ArrayFixed,
+               Label() + "its bounds cannot change: its memory is borrowed or being looked at");
+}
+
+bool SafeArray::HasBounds(int dimensions, Bounds first, Bounds second) const noexcept {
+    return dimensions == dimensions_ && first == bounds_[0] &&
+           (dimensions < 2 || second == bounds_[1]);
+}
+
 std::string SafeArray::Label() const {
     const CallScope* scope = CallScope::Innermost();
     const char* name = scope ? scope->NameOf(this) : nullptr;

@@ -6,14 +6,20 @@
 //     A(3, 2) = 0.5;
 //     A.ReDim(4);                                    // fresh: A(0..4), all zero
 //     auto V = ArrayFromOne<Single>({1, 2, 3});      // V(0..3), values from index 1
+//
+// An array is fixed while its memory is somebody else's (Borrow) or somebody looks at it (Share):
+// it keeps its bounds. Re-dimensioning or assigning with the bounds that it has works in place;
+// with other bounds it is error 10.
 
 #include "torlib/platform/component/run_time_error.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace torlib {
 
@@ -21,6 +27,8 @@ namespace torlib {
 struct Bounds {
     int Lower = 0;
     int Upper = -1;
+
+    friend bool operator==(const Bounds&, const Bounds&) = default;
 };
 
 /// The value types that cross the component boundary.
@@ -75,20 +83,40 @@ class TORLIB_API SafeArray {
     /// Re-dimensions to 0..n, or 0..n x 0..m, all zero; a negative size is error 9.
     virtual void ReDim(int n) = 0;
     virtual void ReDim(int n, int m) = 0;
+    /// Re-dimensions to these bounds, all zero; an upper bound below the lower one is error 9.
+    virtual void ReDim(Bounds bounds) = 0;
+    virtual void ReDim(Bounds rows, Bounds columns) = 0;
     /// Re-dimensions to 0..n keeping what both ranges hold at the same index.
     virtual void ReDimPreserve(int n) = 0;
     virtual void* RawData() noexcept = 0;
+    virtual std::size_t ElementSize() const noexcept = 0;
+    /// An array of the same element type that is not allocated.
+    virtual std::unique_ptr<SafeArray> NewLike() const = 0;
+
+    /// Stands in memory of somebody else, which `owner` keeps alive: elements column by column,
+    /// one dimension, or two when there are columns. What the array held before is let go.
+    virtual void Borrow(void* memory, std::shared_ptr<void> owner, Bounds rows) = 0;
+    virtual void Borrow(void* memory, std::shared_ptr<void> owner, Bounds rows, Bounds columns) = 0;
+    /// The memory of the elements for somebody who looks at it: it stays alive, and the array is
+    /// fixed, as long as the result is held.
+    virtual std::shared_ptr<void> Share() const = 0;
 
   protected:
     SafeArray(ValueType type, const char16_t* recordName) : type_(type), recordName_(recordName) {}
     SafeArray(const SafeArray&) = default;
-    SafeArray& operator=(const SafeArray&) = default;
+    SafeArray& operator=(const SafeArray&) = delete;
 
     const Bounds& Of(int dimension) const;
     void CheckBounds(Bounds first, Bounds second) const;
     [[noreturn]] void RaiseIndex(int i) const;
     [[noreturn]] void RaiseIndex(int i, int j) const;
     [[noreturn]] void RaiseSize(int n) const;
+    [[noreturn]] void RaiseFixed() const;
+    bool HasBounds(int dimensions, Bounds first, Bounds second) const noexcept;
+    void SwapShape(SafeArray& other) noexcept {
+        std::swap(dimensions_, other.dimensions_);
+        std::swap(bounds_, other.bounds_);
+    }
 
     int dimensions_ = 0;
     Bounds bounds_[2];
@@ -110,13 +138,31 @@ class Array final : public SafeArray {
     Array() : SafeArray(ElementTypeCode, ElementRecordName) {}
     explicit Array(Bounds bounds) : Array() { Allocate(1, bounds, {0, 0}); }
     Array(Bounds rows, Bounds columns) : Array() { Allocate(2, rows, columns); }
+    /// A copy stands in memory of its own.
+    Array(const Array& other) : SafeArray(other), rows_(other.rows_), size_(other.size_) {
+        if (other.memory_) {
+            memory_ = std::make_shared<T[]>(size_);
+            std::copy_n(other.Data(), size_, Data());
+        }
+    }
+    Array(Array&& other) noexcept : Array() { Swap(other); }
+    Array& operator=(Array other) {
+        if (!IsFixed()) {
+            Swap(other);
+        } else if (HasBounds(other.dimensions_, other.bounds_[0], other.bounds_[1])) {
+            std::move(other.Data(), other.Data() + size_, Data());
+        } else {
+            RaiseFixed();
+        }
+        return *this;
+    }
 
     T& operator()(int i) {
         const auto k = static_cast<std::size_t>(i - bounds_[0].Lower);
         if (dimensions_ != 1 || i < bounds_[0].Lower || k >= rows_) {
             RaiseIndex(i);
         }
-        return elements_[k];
+        return Data()[k];
     }
     const T& operator()(int i) const { return const_cast<Array&>(*this)(i); }
 
@@ -125,13 +171,15 @@ class Array final : public SafeArray {
             j < bounds_[1].Lower || j > bounds_[1].Upper) {
             RaiseIndex(i, j);
         }
-        return elements_[static_cast<std::size_t>(i - bounds_[0].Lower) +
-                         static_cast<std::size_t>(j - bounds_[1].Lower) * rows_];
+        return Data()[static_cast<std::size_t>(i - bounds_[0].Lower) +
+                      static_cast<std::size_t>(j - bounds_[1].Lower) * rows_];
     }
     const T& operator()(int i, int j) const { return const_cast<Array&>(*this)(i, j); }
 
     void ReDim(int n) override { ReAllocate(1, n, {0, n}, {0, 0}); }
     void ReDim(int n, int m) override { ReAllocate(2, n < m ? n : m, {0, n}, {0, m}); }
+    void ReDim(Bounds bounds) override { Allocate(1, bounds, {0, 0}); }
+    void ReDim(Bounds rows, Bounds columns) override { Allocate(2, rows, columns); }
     void ReDimPreserve(int n) override {
         if (n < 0) {
             RaiseSize(n);
@@ -149,25 +197,42 @@ class Array final : public SafeArray {
         *this = std::move(fresh);
     }
 
+    void Borrow(void* memory, std::shared_ptr<void> owner, Bounds rows) override {
+        BorrowAs(1, memory, std::move(owner), rows, {0, 0});
+    }
+    void Borrow(void* memory, std::shared_ptr<void> owner, Bounds rows, Bounds columns) override {
+        BorrowAs(2, memory, std::move(owner), rows, columns);
+    }
+    std::shared_ptr<void> Share() const override { return {memory_, memory_.get()}; }
+    std::unique_ptr<SafeArray> NewLike() const override { return std::make_unique<Array>(); }
+
     /// The elements, column by column; the distance between columns is Rows().
-    T* Data() noexcept { return elements_.data(); }
-    const T* Data() const noexcept { return elements_.data(); }
-    void* RawData() noexcept override { return elements_.data(); }
+    T* Data() noexcept { return memory_.get(); }
+    const T* Data() const noexcept { return memory_.get(); }
+    void* RawData() noexcept override { return memory_.get(); }
+    std::size_t ElementSize() const noexcept override { return sizeof(T); }
     std::size_t Rows() const noexcept { return rows_; }
-    std::size_t Size() const noexcept { return elements_.size(); }
+    std::size_t Size() const noexcept { return size_; }
 
   private:
     static std::size_t Length(Bounds range) {
         return static_cast<std::size_t>(std::int64_t{range.Upper} - range.Lower + 1);
     }
+    bool IsFixed() const noexcept { return borrowed_ || memory_.use_count() > 1; }
     void Allocate(int dimensions, Bounds first, Bounds second) {
         CheckBounds(first, second);
-        dimensions_ = 0; // not allocated, should the memory not suffice
-        rows_ = Length(first);
-        elements_.assign(rows_ * Length(second), T());
-        dimensions_ = dimensions;
-        bounds_[0] = first;
-        bounds_[1] = second;
+        if (IsFixed() && !HasBounds(dimensions, first, second)) {
+            RaiseFixed();
+        }
+        const std::size_t size = Length(first) * Length(second);
+        if (memory_ && size == size_) {
+            std::fill_n(Data(), size_, T());
+        } else {
+            TakeShape(0, {0, -1}, {0, 0}); // not allocated, should the memory not suffice
+            memory_.reset();
+            memory_ = std::make_shared<T[]>(size);
+        }
+        TakeShape(dimensions, first, second);
     }
     void ReAllocate(int dimensions, int smallest, Bounds first, Bounds second) {
         if (smallest < 0) {
@@ -175,9 +240,32 @@ class Array final : public SafeArray {
         }
         Allocate(dimensions, first, second);
     }
+    void BorrowAs(int dimensions, void* memory, std::shared_ptr<void> owner, Bounds first,
+                  Bounds second) {
+        CheckBounds(first, second);
+        memory_ = {std::move(owner), static_cast<T*>(memory)};
+        borrowed_ = true;
+        TakeShape(dimensions, first, second);
+    }
+    void TakeShape(int dimensions, Bounds first, Bounds second) {
+        rows_ = Length(first);
+        size_ = rows_ * Length(second);
+        dimensions_ = dimensions;
+        bounds_[0] = first;
+        bounds_[1] = second;
+    }
+    void Swap(Array& other) noexcept {
+        SwapShape(other);
+        std::swap(rows_, other.rows_);
+        std::swap(size_, other.size_);
+        std::swap(memory_, other.memory_);
+        std::swap(borrowed_, other.borrowed_);
+    }
 
     std::size_t rows_ = 0;
-    std::vector<T> elements_;
+    std::size_t size_ = 0;
+    std::shared_ptr<T[]> memory_;
+    bool borrowed_ = false;
 };
 
 /// An array 0..n whose elements 1..n hold the values; index 0 is zero.

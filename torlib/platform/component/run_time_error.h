@@ -22,6 +22,7 @@ enum class ErrorNumber : int {
     Overflow = 6,              ///< a stored value outside its type, or 0/0
     OutOfMemory = 7,           ///< no memory for an array or an object
     OutOfRange = 9,            ///< an index outside an array, or a wrong number of dimensions
+    ArrayFixed = 10,           ///< new bounds for an array whose memory is borrowed or looked at
     DivisionByZero = 11,       ///< anything but zero divided by zero
     TypeMismatch = 13,         ///< an argument that cannot be converted to the parameter's type
     FileNotFound = 53,         ///< a file that is needed and not there

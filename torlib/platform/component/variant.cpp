@@ -158,6 +158,7 @@ std::string Variant::KindName() const {
                 return std::string("an array of ") +
                        TypeName(v ? v->ElementType() : ValueType::None);
             },
+            [](const RecordReference& v) { return "a record " + ToUtf8(v.Name); },
             [&plain](const auto&) { return "the value " + ToUtf8(plain.ToText()); },
         },
         plain.value_);

@@ -1,6 +1,6 @@
 #pragma once
 // A tagged value: nothing, a number, a truth value, a text, an object, an array, or a reference to
-// one of the caller's variables.
+// one of the caller's variables or records.
 
 #include "torlib/platform/component/array.h"
 #include "torlib/platform/component/object.h"
@@ -22,12 +22,18 @@ concept NumberWrapper = requires(const T& value) {
     { value.Value() } -> std::convertible_to<double>;
 };
 
+/// The caller's record, known by the name of its type.
+struct RecordReference {
+    const char16_t* Name;
+    void* Address;
+};
+
 class TORLIB_API Variant {
   public:
     using Storage = std::variant<std::monostate, Missing, std::int16_t, std::int32_t, float, double,
                                  bool, std::u16string, Object, std::shared_ptr<SafeArray>,
                                  std::int16_t*, std::int32_t*, float*, double*, bool*,
-                                 std::u16string*, Object*, Variant*, SafeArray*>;
+                                 std::u16string*, Object*, Variant*, SafeArray*, RecordReference>;
 
     Variant() = default;
     Variant(Missing) : value_(Missing()) {}
@@ -40,6 +46,7 @@ class TORLIB_API Variant {
     Variant(const char16_t* value) : value_(std::u16string(value)) {}
     Variant(Object value) : value_(std::move(value)) {}
     Variant(std::shared_ptr<SafeArray> value) : value_(std::move(value)) {}
+    Variant(RecordReference record) : value_(record) {}
     template <NumberWrapper T>
     Variant(const T& value) : value_(value.Value()) {}
     /// A reference to the caller's variable; see ByRef.
@@ -102,6 +109,10 @@ requires std::constructible_from<Variant::Storage, T*> Variant ByRef(T& target) 
 }
 inline Variant ByRef(SafeArray& array) {
     return Variant::Reference(&array);
+}
+template <class T>
+requires(ValueTypeOf<T>::Type == ValueType::Record) Variant ByRef(T& record) {
+    return RecordReference{ValueTypeOf<T>::RecordName, &record};
 }
 
 /// UTF-8 of a counted wide text, and back; broken sequences become U+FFFD.

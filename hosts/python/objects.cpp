@@ -1,0 +1,257 @@
+#include "hosts/python/objects.h"
+
+#include "hosts/python/arguments.h"
+#include "hosts/python/running_call.h"
+#include "hosts/python/tables.h"
+
+#include "torlib/frame/class_object.h"
+#include "torlib/platform/component/counted_object.h"
+#include "torlib/platform/component/create_object.h"
+#include "torlib/platform/component/nearest_names.h"
+#include "torlib/server/class_list.h"
+
+#include <unordered_map>
+
+namespace torlib::python {
+
+namespace {
+
+/// Only objects of this module answer to it.
+constexpr Guid iid_python_object{
+    0x7a3c1c10, 0x52d1, 0x4e0e, {0x9d, 0x6b, 0x0c, 0x41, 0x5e, 0x28, 0x70, 0x01}};
+
+class PythonObject;
+std::unordered_map<PyObject*, PythonObject*>& Held() {
+    static std::unordered_map<PyObject*, PythonObject*> held;
+    return held;
+}
+
+/// The attribute of this name, or else of one that differs in letters' case alone.
+py::str AttributeName(py::handle object, std::u16string_view name) {
+    py::str exact = TextToPython(name);
+    if (py::hasattr(object, exact)) {
+        return exact;
+    }
+    for (const py::handle known : py::reinterpret_steal<py::list>(PyObject_Dir(object.ptr()))) {
+        if (SameName(TextFromPython(known), name)) {
+            return py::reinterpret_borrow<py::str>(known);
+        }
+    }
+    return exact;
+}
+
+class PythonObject final : public CountedObject<Dispatch> {
+  public:
+    explicit PythonObject(py::handle object)
+        : CountedObject(0), object_(py::reinterpret_borrow<py::object>(object)) {
+        Held()[object_.ptr()] = this;
+    }
+    ~PythonObject() override {
+        const py::gil_scoped_acquire gil;
+        Held().erase(object_.ptr());
+        object_ = py::object();
+    }
+
+    Result Invoke(std::u16string_view member, InvokeKind kind, std::span<Argument> arguments,
+                  Variant* result, ErrorRecord* error) override {
+        const py::gil_scoped_acquire gil;
+        try {
+            Variant value = kind == InvokeKind::PropertyPut ? Put(member, arguments)
+                                                            : Read(member, kind, arguments);
+            if (result) {
+                *result = std::move(value);
+            }
+            return Result::Ok;
+        } catch (py::error_already_set& failure) {
+            *error = RunningCall::KeepError(failure, Label(member));
+        } catch (const RunTimeError& failure) {
+            *error = {static_cast<int>(failure.Number()), Label(member), failure.Description()};
+        }
+        return Result::Exception;
+    }
+
+    const py::object& Value() const { return object_; }
+
+  protected:
+    bool Answers(const Guid& interface) const override {
+        return interface == IidDispatch || interface == iid_python_object;
+    }
+
+  private:
+    std::string Label(std::u16string_view member) const {
+        return std::string(Py_TYPE(object_.ptr())->tp_name) + "." + ToUtf8(member);
+    }
+
+    static void Split(std::span<Argument> arguments, py::list& positional, py::dict& named) {
+        for (const Argument& argument : arguments) {
+            const py::object value = ToPython(argument.Value);
+            if (argument.Name.empty()) {
+                positional.append(value);
+            } else {
+                named[TextToPython(argument.Name)] = value;
+            }
+        }
+    }
+
+    /// One index as it is, several as a tuple.
+    static py::object IndexOf(const py::list& arguments, std::size_t count) {
+        py::tuple indices(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            indices[i] = arguments[i];
+        }
+        return count == 1 ? py::object(indices[0]) : std::move(indices);
+    }
+
+    Variant Read(std::u16string_view member, InvokeKind kind, std::span<Argument> arguments) {
+        const py::object found = py::getattr(object_, AttributeName(object_, member));
+        const bool callable = PyCallable_Check(found.ptr()) && !PyType_Check(found.ptr());
+        const bool call = kind != InvokeKind::PropertyGet && callable;
+        if (!call && arguments.empty()) {
+            return FromPython(found);
+        }
+        py::list positional;
+        py::dict named;
+        Split(arguments, positional, named);
+        return FromPython(call ? found(*positional, **named)
+                               : py::object(found[IndexOf(positional, positional.size())]));
+    }
+
+    /// With indices: a method is called with the value last, anything else takes an item; an object
+    /// without a member Item is its own.
+    Variant Put(std::u16string_view member, std::span<Argument> arguments) {
+        const py::str name = AttributeName(object_, member);
+        const py::object value = ToPython(arguments.back().Value);
+        if (arguments.size() == 1) {
+            py::setattr(object_, name, value);
+            return {};
+        }
+        py::list positional;
+        py::dict named;
+        Split(arguments, positional, named);
+        const bool own = SameName(member, u"Item") && !py::hasattr(object_, name);
+        const py::object target = own ? object_ : py::getattr(object_, name);
+        if (PyCallable_Check(target.ptr())) {
+            target(*positional, **named);
+            return {};
+        }
+        target[IndexOf(positional, positional.size() - 1)] = value;
+        return {};
+    }
+
+    py::object object_;
+};
+
+/// Live Python instances of library objects by the object's address.
+py::object& Instances() {
+    static auto* instances =
+        new py::object(py::module_::import("weakref").attr("WeakValueDictionary")());
+    return *instances; // never destroyed: that would be after the interpreter's end
+}
+
+py::int_ KeyOf(const Object& object) {
+    return py::int_(reinterpret_cast<std::uintptr_t>(object.Pointer()));
+}
+
+PythonObject* OwnObject(const Object& object) {
+    void* found = nullptr;
+    if (object.Pointer()->QueryInterface(iid_python_object, &found) != Result::Ok) {
+        return nullptr;
+    }
+    auto* own = static_cast<PythonObject*>(static_cast<Dispatch*>(found));
+    own->Release();
+    return own;
+}
+
+Variant InvokeByName(const LibraryObject& self, const std::string& member,
+                     const py::args& positional, const py::kwargs& named, bool put) {
+    LooseArguments arguments(positional, named);
+    RunningCall call;
+    return call.Run([&] {
+        const std::u16string name = FromUtf8(member);
+        if (put) {
+            const Variant value = arguments.TakeLast();
+            self.Held.PutIndexed(name, arguments.Values(), value);
+            return Variant();
+        }
+        return self.Held.Invoke(name, arguments.Values());
+    });
+}
+
+/// The library makes objects of its own classes itself, registered or not.
+Object CreateByIdentifier(const std::string& identifier) {
+    const std::u16string text = FromUtf8(identifier);
+    const std::u16string prefix = std::u16string(LibraryName) + u".";
+    for (const ClassInfo* info : BuiltClasses()) {
+        Guid classId;
+        if (SameName(text, prefix + std::u16string(info->Name)) ||
+            (ParseGuid(text, &classId) && classId == info->ClassId)) {
+            return NewObject(*info);
+        }
+    }
+    return CreateObject(text);
+}
+
+} // namespace
+
+py::object WrapObject(const Object& object) {
+    if (!object) {
+        return py::none();
+    }
+    if (const PythonObject* own = OwnObject(object)) {
+        return own->Value();
+    }
+    const py::int_ key = KeyOf(object);
+    py::object known = Instances().attr("get")(key);
+    if (!known.is_none()) {
+        return known;
+    }
+    const py::object type = ClassOf(object);
+    py::object instance = type.attr("__new__")(type);
+    py::type::of<LibraryObject>().attr("__init__")(instance, py::cast(LibraryObject{object}));
+    Instances()[key] = instance;
+    return instance;
+}
+
+Object ObjectFromPython(py::handle object) {
+    const auto known = Held().find(object.ptr());
+    return Object(known != Held().end() ? known->second : new PythonObject(object));
+}
+
+void BindObject(py::module_& module) {
+    py::class_<LibraryObject>(module, "Object",
+                              "A late-bound object: its members are reached by name.")
+        .def(py::init<const LibraryObject&>())
+        .def(py::init([](const std::string& className) {
+            return LibraryObject{NewInstance(FromUtf8(className))};
+        }))
+        .def(
+            "Get",
+            [](const LibraryObject& self, const std::string& property) {
+                return ToPython(InvokeByName(self, property, py::args(), py::kwargs(), false));
+            },
+            "Reads a property.")
+        .def(
+            "Put",
+            [](const LibraryObject& self, const std::string& property, const py::args& arguments) {
+                InvokeByName(self, property, arguments, py::kwargs(), true);
+            },
+            "Put(property, [indices...], value): sets a property.")
+        .def(
+            "Invoke",
+            [](const LibraryObject& self, const std::string& member, const py::args& positional,
+               const py::kwargs& named) {
+                return ToPython(InvokeByName(self, member, positional, named, false));
+            },
+            "Invoke(member, *arguments, **named): calls a method.");
+    module.def("remember", [](const py::object& instance) {
+        Instances()[KeyOf(instance.cast<const LibraryObject&>().Held)] = instance;
+    });
+    module.def(
+        "CreateObject",
+        [](const std::string& identifier) { return WrapObject(CreateByIdentifier(identifier)); },
+        py::arg("identifier"),
+        "A new object by programmatic or class identifier: of this library, or of a server in the\n"
+        "component registry.");
+}
+
+} // namespace torlib::python
