@@ -90,6 +90,20 @@ void WarnOfDigits(const AnalysisOptions& options, const SlabSystem& system, cons
                        ". Check supports, thickness and springs there, or take larger elements");
 }
 
+/// Without loads the forces that prescribed values cause are the measure, and their moments over
+/// the size of the model.
+double SizeOfHolding(const Model& model, const Vector& held) {
+    double extent = 0;
+    for (const Point& p : model.Nodes) {
+        extent = std::max(extent, std::hypot(p.x - model.Nodes[0].x, p.y - model.Nodes[0].y));
+    }
+    double size = 0;
+    for (std::size_t i = 0; i < held.size(); ++i) {
+        size += std::fabs(held[i]) / (i % 3 == 0 ? 1 : extent);
+    }
+    return size;
+}
+
 } // namespace
 
 void FillReactions(const Model& model, const SlabSystem& system, const ContactState& state,
@@ -130,11 +144,7 @@ void FillReactions(const Model& model, const SlabSystem& system, const ContactSt
             results.Reactions.push_back(spring);
         }
     }
-    // Without loads the forces that prescribed values cause are the measure.
-    for (std::size_t n = 0; sizes == 0 && n < model.Nodes.size(); ++n) {
-        balance.RelativeError += std::fabs(held[3 * n]);
-    }
-    sizes = sizes > 0 ? sizes : balance.RelativeError;
+    sizes = sizes > 0 ? sizes : SizeOfHolding(model, held);
     const double error =
         balance.Loads - balance.Soil - balance.Piles - balance.Supports - balance.Springs;
     balance.RelativeError = sizes > 0 ? std::fabs(error) / sizes : 0;

@@ -53,7 +53,12 @@ class Report : private Listing {
     void System() {
         Heading("System");
         Line("Nodes", "", "-", std::to_string(model_.Nodes.size()));
-        Line("Elements", "", "-", std::to_string(model_.Elements.size()));
+        if (!model_.Elements.empty()) {
+            Line("Elements", "", "-", std::to_string(model_.Elements.size()));
+        }
+        if (!model_.Beams.empty()) {
+            Line("Pieces of beams", "", "-", std::to_string(model_.Beams.size()));
+        }
         Line("Equations", "", "-", std::to_string(results_.Equations));
         Line("Half band width", "Nw", "-", std::to_string(results_.HalfBandWidth));
         for (const Group& group : model_.Groups) {
