@@ -9,8 +9,8 @@ namespace slab {
 /// Reads [[sections]] and [[beams]] of a slab, which may have none.
 void ReadSlabBeams(const KeyTable& root, ProjectDraft& draft);
 
-/// Reads [mesh], [[sections]] and [[beams]] of a grid into nodes and beams; the modulus of subgrade,
-/// kN/m3, is 0 where there is no soil.
+/// Reads [mesh], [[sections]] and [[beams]] of a grid into nodes and beams; the modulus of
+/// subgrade, kN/m3, is 0 where there is no soil.
 void ReadGridBeams(const KeyTable& root, double subgrade, ProjectDraft& draft);
 
 } // namespace slab

@@ -17,8 +17,8 @@ struct Axis {
 };
 
 /// The ends and crossings of the axes, those of the places that lie on an axis, and points between
-/// them where a piece of an axis would be longer than its entry of `longest`; each once, in an order
-/// that keeps the band narrow.
+/// them where a piece of an axis would be longer than its entry of `longest`; each once, in an
+/// order that keeps the band narrow.
 std::vector<Point> GridNodes(const std::vector<Axis>& axes, const std::vector<double>& longest,
                              const std::vector<Point>& places);
 

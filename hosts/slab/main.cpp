@@ -35,9 +35,10 @@ struct CommandLine {
 
 void Describe(CLI::App& app, CommandLine& command) {
     app.description(
-        "Analyses a slab on elastic soil from a project file: settlements, contact\n"
-        "pressures, moments and reactions. Results go to standard output, progress and\n"
-        "messages to standard error.");
+        "Analyses slabs on elastic soil, with grid beams and piles, and grids of beams,\n"
+        "plane frames, wall plates and bored piles from a project file: settlements,\n"
+        "contact pressures, internal forces and reactions. Results go to standard output,\n"
+        "progress and messages to standard error.");
     app.add_option("project", command.project,
                    "project file (TOML); its keys: docs/project-file.md");
     app.add_option("--report", command.report,
@@ -46,7 +47,7 @@ void Describe(CLI::App& app, CommandLine& command) {
     app.add_option("--json", command.json,
                    "write all results as JSON to FILE (- for standard output)")
         ->type_name("FILE");
-    app.add_option("--picture", command.picture, "draw the settlements in plan, as SVG, to FILE")
+    app.add_option("--picture", command.picture, "draw the results as SVG to FILE")
         ->type_name("FILE");
     app.add_flag("--plain", command.plain,
                  "keep the 32-bit solution, without the correction of digits");

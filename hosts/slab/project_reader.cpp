@@ -54,8 +54,8 @@ void CheckWhole(const KeyTable& root, const Model& model, const std::string& sys
 
 Model ReadSlabProject(const ProjectFile& file) {
     const KeyTable root = file.Root();
-    root.Allow({"title", "system", "units", "mesh", "slab", "sections", "beams", "loads", "supports",
-                "springs", "soil", "piles", "iteration"});
+    root.Allow({"title", "system", "units", "mesh", "slab", "sections", "beams", "loads",
+                "supports", "springs", "soil", "piles", "iteration"});
     ProjectDraft draft;
     draft.Model.File = file.Name();
     draft.Model.Title = root.Has("title") ? root.Get("title").Text() : "";

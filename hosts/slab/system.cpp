@@ -12,11 +12,8 @@ struct System {
 };
 
 constexpr System systems[] = {
-    {"slab", OpenSlab},
-    {"grid", OpenGrid},
-    {"frame", OpenFrame},
-    {"wall", OpenWall},
-    {"pile", OpenPile},
+    {"slab", OpenSlab}, {"grid", OpenGrid}, {"frame", OpenFrame},
+    {"wall", OpenWall}, {"pile", OpenPile},
 };
 
 const System& SystemOf(const KeyTable& root) {
