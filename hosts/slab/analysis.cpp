@@ -2,7 +2,7 @@
 
 #include "hosts/slab/analysis.h"
 
-#include "hosts/slab/beam_elements.h"
+#include "hosts/slab/beams/beam_elements.h"
 #include "hosts/slab/findings.h"
 #include "hosts/slab/interaction.h"
 #include "hosts/slab/moments.h"

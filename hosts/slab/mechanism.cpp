@@ -3,7 +3,7 @@
 // is free; this is decided from the geometry alone, before any rounding.
 
 #include "hosts/slab/analysis.h"
-#include "hosts/slab/beam_elements.h"
+#include "hosts/slab/beams/beam_elements.h"
 #include "hosts/slab/restraints.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 // Reading the project of a slab: its tables, and what only the whole shows.
 
-#include "hosts/slab/beam_reader.h"
+#include "hosts/slab/beams/beam_reader.h"
 #include "hosts/slab/key_table.h"
 #include "hosts/slab/loads.h"
 #include "hosts/slab/mesh.h"

@@ -3,7 +3,7 @@
 #include "hosts/slab/slab_system.h"
 
 #include "hosts/slab/band_solution.h"
-#include "hosts/slab/beam_elements.h"
+#include "hosts/slab/beams/beam_elements.h"
 #include "hosts/slab/plate_elements.h"
 
 #include <algorithm>

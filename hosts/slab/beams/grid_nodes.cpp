@@ -1,4 +1,4 @@
-#include "hosts/slab/grid_nodes.h"
+#include "hosts/slab/beams/grid_nodes.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // The project of a grid of beams as a whole.
 
-#include "hosts/slab/beam_reader.h"
+#include "hosts/slab/beams/beam_reader.h"
 #include "hosts/slab/key_table.h"
 #include "hosts/slab/project.h"
 #include "hosts/slab/project_file.h"

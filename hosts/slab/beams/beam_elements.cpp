@@ -1,4 +1,4 @@
-#include "hosts/slab/beam_elements.h"
+#include "hosts/slab/beams/beam_elements.h"
 
 #include <cmath>
 

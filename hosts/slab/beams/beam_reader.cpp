@@ -1,6 +1,6 @@
-#include "hosts/slab/beam_reader.h"
+#include "hosts/slab/beams/beam_reader.h"
 
-#include "hosts/slab/grid_nodes.h"
+#include "hosts/slab/beams/grid_nodes.h"
 #include "hosts/slab/mesh.h"
 #include "hosts/slab/sections.h"
 
