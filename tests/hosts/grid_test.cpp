@@ -93,9 +93,14 @@ TEST(GridHost, BentCantileverTwists) {
             EXPECT_NEAR(leg("beam 2")["torsion"][0], 0, 1e-5);
         }
     }
-    const Json json = AnalysedText(grid + Bar("[0, 0]", "[1, 0]") + Bar("[1, 0]", "[1, 1]") +
-                                   Load("[1, 1]", 1) + Support("[0, 0]", "clamped = true"));
-    EXPECT_LT(Quote("tip of the bent cantilever", Settlement(json, 1, 1), 0.00416667), 1e-6);
+    // The same in other units, with Poisson's ratio 0.25.
+    const Json json = AnalysedText(
+        "system = \"grid\"\n[units]\nlength = \"cm\"\nforce = \"N\"\nsettlement = \"m\"\n"
+        "[[sections]]\nname = \"bar\"\nmodulus = 4e3\npoisson = 0.25\narea = 5e3\n"
+        "inertia = 1e6\ntorsion = 2.5e6\n" +
+        Bar("[0, 0]", "[100, 0]") + Bar("[100, 0]", "[100, 100]") + Load("[100, 100]", 1000) +
+        Support("[0, 0]", "clamped = true"));
+    EXPECT_LT(Quote("tip of the bent cantilever", Settlement(json, 100, 100), 1 / 240.0), 1e-6);
 }
 
 // Load and self-weight of a clamped beam; the piece length only adds nodes.
