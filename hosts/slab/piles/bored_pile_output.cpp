@@ -173,11 +173,9 @@ class Diagram {
         Text(70, 26, "start", "Resistance and settlement of a bored pile");
         Text(320, 48, "middle", "Q [" + pile_.Units.ForceName + "]");
         Text(20, 500, "start", "s [" + pile_.Units.SettlementName + "]");
-        Begin();
-        for (const CurvePoint& point : results_.Curve) {
-            Extend(point.Resistance, point.Settlement);
-        }
-        out_ << "\"/>\n";
+        Curve("base", -8, [](const CurvePoint& point) { return point.Base; });
+        Curve("shaft", 8, [](const CurvePoint& point) { return point.Resistance - point.Base; });
+        Curve("", 0, [](const CurvePoint& point) { return point.Resistance; });
         for (const CurvePoint& point : results_.Curve) {
             Dot(point.Resistance, point.Settlement, "#1b4a8a");
         }
@@ -198,11 +196,19 @@ class Diagram {
         out_ << "<text x=\"" << x << "\" y=\"" << y << "\" text-anchor=\"" << anchor << "\">"
              << text << "</text>\n";
     }
-    void Begin() {
-        out_ << "<path fill=\"none\" stroke=\"#1b4a8a\" stroke-width=\"2\" d=\"M" << X(0) << ','
-             << Y(0);
+    /// A part of the resistance, dashed and named beside its last piece, or the whole.
+    void Curve(const char* name, double beside, double (*part)(const CurvePoint&)) {
+        out_ << "<path fill=\"none\" stroke=\"#1b4a8a\" stroke-width=\"" << (*name ? 1 : 2)
+             << "\" stroke-dasharray=\"" << (*name ? 2 : 0) << "\" d=\"M" << X(0) << ',' << Y(0);
+        for (const CurvePoint& point : results_.Curve) {
+            out_ << 'L' << X(part(point)) << ',' << Y(point.Settlement);
+        }
+        out_ << "\"/>\n";
+        const CurvePoint& from = results_.Curve[results_.Curve.size() - 2];
+        const CurvePoint& to = results_.Curve.back();
+        Text(X((part(from) + part(to)) / 2) + beside, Y((from.Settlement + to.Settlement) / 2),
+             beside < 0 ? "end" : "start", name);
     }
-    void Extend(double load, double settlement) { out_ << 'L' << X(load) << ',' << Y(settlement); }
     void Dot(double load, double settlement, const char* colour) {
         out_ << "<circle cx=\"" << X(load) << "\" cy=\"" << Y(settlement) << "\" r=\"4\" fill=\""
              << colour << "\"/>\n";

@@ -22,20 +22,16 @@ void ExtremeLines(const PlaneResults& results, std::ostringstream& out) {
 }
 
 void BalanceLines(const PlaneResults& results, std::ostringstream& out) {
-    const struct {
-        const char* Label;
-        std::size_t Direction;
-        std::string Unit;
-    } lines[] = {{"  Balance    in x: loads ", 0, results.Units.ForceName},
-                 {"             in y: loads ", 1, results.Units.ForceName}};
-    for (const auto& [label, direction, unit] : lines) {
+    const auto line = [&](const char* label, std::size_t direction) {
         const auto force = [&](const std::array<double, 3>& sums) {
-            return NumberText(sums[direction], 6) + " " + unit;
+            return NumberText(sums[direction], 6) + " " + results.Units.ForceName;
         };
         out << label << force(results.Balance.Loads) << ", supports "
             << force(results.Balance.Supports) << ", springs " << force(results.Balance.Springs)
             << '\n';
-    }
+    };
+    line("  Balance    in x: loads ", 0);
+    line("             in y: loads ", 1);
     out << "             relative error of forces and moments "
         << NumberText(results.Balance.RelativeError) << '\n';
 }
