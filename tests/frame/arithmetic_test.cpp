@@ -90,9 +90,9 @@ TEST(Arithmetic, ACountedLoopEndsInOverflowAtTheEndOfSixteenBits) {
     EXPECT_EQ(run(3, 1, -1), (std::vector{3, 2, 1}));
     EXPECT_EQ(run(1, 0, 1).size() + run(0, 1, -1).size(), 0U);
     EXPECT_EQ(run(32765, 32766, 1), (std::vector{32765, 32766}));
-    for (const auto& [from, to, step] : {std::array{32766, 32767, 1}, {-32767, -32768, -1}}) {
-        EXPECT_EQ(test::ErrorOf([&] { run(from, to, step); }), 6);
-        EXPECT_EQ(seen, (std::vector{from, to})) << "the body has run for the last value";
+    for (const auto& c : {std::array{32766, 32767, 1}, {-32767, -32768, -1}}) {
+        EXPECT_EQ(test::ErrorOf([&] { run(c[0], c[1], c[2]); }), 6);
+        EXPECT_EQ(seen, (std::vector{c[0], c[1]})) << "the body has run for the last value";
     }
 }
 
