@@ -45,7 +45,7 @@ Variant RowArguments::Convert(std::size_t i, py::handle given) {
     if (type.IsArray) {
         return ConvertArray(type, given);
     }
-    const Variant value = FromPython(given);
+    Variant value = FromPython(given);
     if (type.Writable && IsScalar(type)) {
         return ByRef(variables_.emplace_back(value));
     }

@@ -89,7 +89,7 @@ std::pair<std::string, std::size_t> FieldFormat(const RecordField& field) {
 
 py::object ViewOfRecord(std::u16string_view name, std::shared_ptr<void> memory) {
     const py::object type = PublishedClass(name);
-    const py::object record = type.attr("__new__")(type);
+    py::object record = type.attr("__new__")(type);
     py::type::of<PythonRecord>().attr("__init__")(
         record, py::cast(PythonRecord{&InfoOf(name), std::move(memory)}));
     return record;

@@ -82,7 +82,7 @@ void RunningCall::RaiseKept(const RunTimeError& failure) const {
 void TranslateErrors() {
     py::register_exception_translator([](std::exception_ptr thrown) {
         try {
-            std::rethrow_exception(thrown);
+            std::rethrow_exception(std::move(thrown));
         } catch (const RunTimeError& failure) {
             const py::object type = PublishedClass(u"RunTimeError");
             const py::object error =

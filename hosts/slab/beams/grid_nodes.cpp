@@ -100,9 +100,11 @@ void Divide(const Axis& axis, double longest, const std::vector<Point>& corners,
     for (std::size_t i = 0; i + 1 < on.size(); ++i) {
         const Point& a = corners[static_cast<std::size_t>(on[i] - 1)];
         const Point& b = corners[static_cast<std::size_t>(on[i + 1] - 1)];
-        const double pieces = std::ceil(std::hypot(b.x - a.x, b.y - a.y) / longest - 1e-9);
-        for (double k = 1; k < pieces; ++k) {
-            found.Add({a.x + k / pieces * (b.x - a.x), a.y + k / pieces * (b.y - a.y)});
+        const double length = std::hypot(b.x - a.x, b.y - a.y);
+        const long pieces = std::lround(std::ceil(length / longest - 1e-9));
+        for (long k = 1; k < pieces; ++k) {
+            const double t = static_cast<double>(k) / static_cast<double>(pieces);
+            found.Add({a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)});
         }
     }
 }
@@ -145,6 +147,7 @@ std::vector<int> NodesOnAxis(const Axis& axis, const std::vector<Point>& nodes, 
     }
     std::sort(found.begin(), found.end());
     std::vector<int> numbers;
+    numbers.reserve(found.size());
     for (const auto& [along, number] : found) {
         numbers.push_back(number);
     }

@@ -75,15 +75,15 @@ void FillCurve(const Arguments& arguments, BoredPileResults& results) {
     for (const int k : {2, 3}) {
         atShaft = off(k) < off(atShaft) ? k : atShaft;
     }
-    constexpr const char* names[] = {"0.02 base diameters", "0.03 base diameters",
-                                     "0.10 base diameters"};
-    for (int k = 1, fixed = 0; k <= 4; ++k) {
-        CurvePoint point;
-        point.Settlement = Value(arguments.Sp(k)) * centi;
-        point.Resistance = Value(arguments.Qp(k)) * mega;
-        point.Where = k == atShaft ? "shaft exhausted" : names[fixed];
-        point.Base = Value(arguments.QSD(k == atShaft ? 1 : ++fixed + 1)) * mega;
-        results.Curve.push_back(point);
+    std::vector<const char*> places{"0.02 base diameters", "0.03 base diameters",
+                                    "0.10 base diameters"};
+    std::vector<int> baseParts{2, 3, 4};
+    places.insert(places.begin() + atShaft - 1, "shaft exhausted");
+    baseParts.insert(baseParts.begin() + atShaft - 1, 1);
+    for (int k = 1; k <= 4; ++k) {
+        const auto i = static_cast<std::size_t>(k - 1);
+        results.Curve.push_back({Value(arguments.Sp(k)) * centi, Value(arguments.Qp(k)) * mega,
+                                 Value(arguments.QSD(baseParts[i])) * mega, places[i]});
     }
     results.HalfLimit = {Value(arguments.Sp(5)) * centi, Value(arguments.Qp(5)) * mega, 0,
                          "half the limit resistance"};

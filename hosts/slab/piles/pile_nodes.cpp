@@ -6,7 +6,6 @@
 namespace slab {
 
 using torlib::Array;
-using torlib::Bounds;
 using torlib::Integer;
 using torlib::Single;
 
