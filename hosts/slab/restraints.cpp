@@ -118,6 +118,15 @@ int SymmetryLines::PartsAt(const Point& p) const {
     return (acrossY_ != 0 && OnXMax(p) ? 2 : 1) * (acrossX_ != 0 && OnYMax(p) ? 2 : 1);
 }
 
+bool SymmetryLines::Hold(const Point& p, int freedom, std::size_t displacements) const {
+    // With which signs the freedoms return from the mirrors x = xmax and y = ymax.
+    static constexpr int plate[2][3] = {{1, -1, 1}, {1, 1, -1}};
+    static constexpr int plane[2][3] = {{-1, 1, -1}, {1, -1, -1}};
+    const auto& signs = displacements == 1 ? plate : plane;
+    return (OnXMax(p) && acrossY_ * signs[0][freedom - 1] < 0) ||
+           (OnYMax(p) && acrossX_ * signs[1][freedom - 1] < 0);
+}
+
 bool SymmetryLines::Silent(const Point& p) const {
     return (acrossX_ < 0 && OnYMax(p)) || (acrossY_ < 0 && OnXMax(p));
 }

@@ -47,6 +47,10 @@ class SymmetryLines {
     bool OnYMax(const Point& p) const;
     /// How many times the part of a thing at this place makes the whole: 1, 2 on a line, 4 on two.
     int PartsAt(const Point& p) const;
+    /// Whether the structure's mirror image holds a freedom (1, 2, 3) of a node here at 0. With one
+    /// displacement the freedoms are w, dw/dx, dw/dy of a plate; with two u, v, rotation in a
+    /// plane.
+    bool Hold(const Point& p, int freedom, std::size_t displacements) const;
     /// On a line where settlement and contact force vanish by antisymmetry.
     bool Silent(const Point& p) const;
 

@@ -1,5 +1,7 @@
 #include "hosts/slab/supports.h"
 
+#include "hosts/slab/restraints.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -164,6 +166,18 @@ void Restrain(const KeyTable& support, ProjectDraft& draft, int node, int freedo
     }
 }
 
+/// Refuses a value where the mirror image allows 0 only.
+void CheckSymmetry(const Entry& entry, const ProjectDraft& draft, const Place& place, int freedom) {
+    const SymmetryLines lines(draft.Model);
+    for (const int node : place.Nodes) {
+        const Point& p = draft.Model.Nodes[static_cast<std::size_t>(node - 1)];
+        if (lines.Hold(p, freedom, draft.Freedoms.Displacements)) {
+            entry.Fail("symmetry holds node " + std::to_string(node) + " at " +
+                       PlaceText(p, draft.Scale) + " (allowed: 0)");
+        }
+    }
+}
+
 /// The keys of a place, and those that follow.
 std::vector<std::string> WithPlace(const std::vector<std::string>& more) {
     std::vector<std::string> keys{"node", "at", "line", "edge"};
@@ -195,8 +209,12 @@ void ReadSupport(const KeyTable& support, ProjectDraft& draft) {
         }
         const double unit = f < draft.Freedoms.Displacements ? draft.Scale.Settlement : 1;
         const double value = entry ? entry->Number(Any) * unit : 0;
+        const int freedom = static_cast<int>(f) + 1;
+        if (value != 0) {
+            CheckSymmetry(*entry, draft, place, freedom);
+        }
         for (const int node : place.Nodes) {
-            Restrain(support, draft, node, static_cast<int>(f) + 1, value);
+            Restrain(support, draft, node, freedom, value);
         }
     }
     if (!any) {

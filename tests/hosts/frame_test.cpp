@@ -154,6 +154,11 @@ TEST(FrameHost, HalfFrameIsHalfOfTheWhole) {
         EXPECT_NEAR(Value(half, "members", 2, key), Value(whole, "members", 2, key), 1e-3) << key;
     }
     EXPECT_NEAR(Value(half, "nodes", 3, "v"), Value(whole, "nodes", 3, "v"), 1e-8);
+    for (const auto& [key, held] : {std::pair{"u", true}, {"v", false}, {"theta", true}}) {
+        const std::string message = Refusal(left + "[frame]\nsymmetry = \"y\"\n" + wind +
+                                            "[[supports]]\nnode = 3\n" + key + " = 0.1\n");
+        EXPECT_EQ(message.find("symmetry holds node 3") != std::string::npos, held) << message;
+    }
 }
 
 TEST(FrameHost, SectionsFollowFromTheirOutline) {

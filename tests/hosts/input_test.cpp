@@ -1,7 +1,9 @@
 // Projects become the models they describe: units, meshes, supports, springs, examples.
 
 #include "hosts/slab/mesh.h"
+#include "hosts/slab/restraints.h"
 #include "tests/hosts/project_text.h"
+#include "tests/hosts/slab_models.h"
 
 #include <gtest/gtest.h>
 
@@ -245,6 +247,33 @@ TEST(Supports, StandWhereTheyAreAsked) {
                                "\"left\"", "\"right\""))
                   .find("is the symmetry line"),
               std::string::npos);
+}
+
+// What the library holds on the symmetry lines can be given no other value.
+TEST(Supports, SymmetryHoldsItsFreedoms) {
+    for (const std::string symmetry : {"none", "x", "y", "xy", "anti-x", "anti-y"}) {
+        const std::string text =
+            Replaced(PlainProject(), "origin", "symmetry = \"" + symmetry + "\"\norigin");
+        slab::Model model = slab::ParseProject(text, "test.toml");
+        model.Restraints.clear();
+        torlib::FEM_Class fem;
+        const std::vector<char> held = slab::Restraints(model, fem).Held;
+        for (const slab::Point& p : {slab::Point{5, 3}, {3, 5}, {5, 5}, {3, 3}}) {
+            const auto node = static_cast<std::size_t>(slab::NodeAt(model, p.x, p.y) - 1);
+            for (std::size_t f = 0; f < 3; ++f) {
+                std::ostringstream support;
+                support << "[[supports]]\nat = [" << p.x << ", " << p.y << "]\n"
+                        << (f == 0   ? "w"
+                            : f == 1 ? "wx"
+                                     : "wy")
+                        << " = 0.01\n";
+                const std::string message = Refusal(text + support.str());
+                EXPECT_EQ(message.find("(allowed: 0)") != std::string::npos,
+                          held[3 * node + f] != 0)
+                    << symmetry << support.str() << message;
+            }
+        }
+    }
 }
 
 TEST(Springs, OfALineCarryItsLength) {
