@@ -14,7 +14,7 @@ using Json = nlohmann::json;
 inline Json AnalysedText(const std::string& text, double within = 1e-9) {
     RunWindow window(RunWindow::Style::Quiet);
     const auto project = OpenProjectText(text, "test.toml");
-    const auto json = Json::parse(project->Analyse({}, window)->Json());
+    auto json = Json::parse(project->Analyse({}, window)->Json());
     EXPECT_LT(json["balance"]["relative_error"], within);
     EXPECT_LT(json["digits"]["residual_after"], within);
     EXPECT_TRUE(json["warnings"].empty());

@@ -64,6 +64,15 @@ TEST(FrameHost, PortalMeetsTheFormulas) {
     }
 }
 
+/// A member from the origin with both ends held.
+std::string HeldMember(double x, double y, const std::string& hinge, double qx, double qy) {
+    const std::string end = "[" + std::to_string(x) + ", " + std::to_string(y) + "]";
+    return square_bar + Bar("[0, 0]", end, hinge) +
+           "[[loads.line]]\nmember = 1\nw = 3\nqx = " + std::to_string(qx) +
+           "\nqy = " + std::to_string(qy) + "\n[[supports]]\nat = [[0, 0], " + end +
+           "]\nclamped = true\n";
+}
+
 // One member from (0, 0) to (30, 40) or upright or level, fixed at the start; its free end is held
 // as the case asks. q acts across the member, n along it.
 TEST(FrameHost, ReleasesMeetClosedFormsInEveryDirection) {
@@ -79,12 +88,7 @@ TEST(FrameHost, ReleasesMeetClosedFormsInEveryDirection) {
             const double fy = -qy * std::fabs(x) - 3 * L;
             const double q = (fy * c - fx * s) / L; // to the left of the member
             const double n = (fx * c + fy * s) / L;
-            const std::string end = "[" + std::to_string(x) + ", " + std::to_string(y) + "]";
-            const Json json =
-                AnalysedText(square_bar + Bar("[0, 0]", end, hinge) +
-                             "[[loads.line]]\nmember = 1\nw = 3\nqx = " + std::to_string(qx) +
-                             "\nqy = " + std::to_string(qy) + "\n[[supports]]\nat = [[0, 0], " +
-                             end + "]\nclamped = true\n");
+            const Json json = AnalysedText(HeldMember(x, y, hinge, qx, qy));
             const bool start = hinge == "start" || hinge == "both";
             const bool far = hinge == "end" || hinge == "both";
             const double fixed = -q * L * L / (start || far ? 8 : 12);
@@ -169,7 +173,7 @@ TEST(FrameHost, SectionsFollowFromTheirOutline) {
     // A right triangle, base 6, height 9: A = 27, I = 6 * 9^3 / 36 = 121.5.
     for (const char* shape :
          {"polygon = [[10, 20], [16, 20], [10, 29]]", "area = 27\ninertia = 121.5"}) {
-        const Json json = AnalysedText(head + shape + "\n" + beam);
+        const Json json = AnalysedText((head + shape).append("\n").append(beam));
         const double weight = 0.5 * 27;
         EXPECT_NEAR(json["balance"]["supports"]["fy"], weight * 100, 1e-3);
         EXPECT_NEAR(Value(json, "nodes", 2, "v"), -weight * 1e8 / 8 / (29e6 * 121.5), 1e-6);

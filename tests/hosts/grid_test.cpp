@@ -134,12 +134,12 @@ TEST(GridHost, BeamOnSpringsMeetsHetenyi) {
     for (const double L : {2.0, 8.0, 20.0}) {
         const double lambda = std::pow(k / (4 * 400), 0.25);
         const double x = lambda * L;
-        const std::string soil = "[soil]\nkind = \"winkler\"\nsubgrade = 500\n";
-        const std::string end = Place(0.6 * L, 0.8 * L);
         const std::string middle = Place(0.3 * L, 0.4 * L);
-        const Json json =
-            AnalysedText(grid + "contact_width = 0.8\n" + Bar("[0, 0]", end, "load = 20\n") +
-                         Load(middle, 100) + soil + Support(middle, "wx = 0\nwy = 0"));
+        std::string text = grid + "contact_width = 0.8\n";
+        text += Bar("[0, 0]", Place(0.6 * L, 0.8 * L), "load = 20\n");
+        text += Load(middle, 100) + Support(middle, "wx = 0\nwy = 0");
+        text += "[soil]\nkind = \"winkler\"\nsubgrade = 500\n";
+        const Json json = AnalysedText(text);
         const double divisor = std::sinh(x) + std::sin(x);
         const double centre = 100 * lambda / (2 * k) * (std::cosh(x) + std::cos(x) + 2) / divisor;
         const double tip = 200 * lambda / k * std::cosh(x / 2) * std::cos(x / 2) / divisor;

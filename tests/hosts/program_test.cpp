@@ -48,6 +48,7 @@ class Program : public testing::Test {
             (void)!std::freopen("out.txt", "w", stdout);
             (void)!std::freopen("err.txt", "w", stderr);
             std::vector<char*> pointers;
+            pointers.reserve(arguments.size() + 1);
             for (std::string& argument : arguments) {
                 pointers.push_back(argument.data());
             }

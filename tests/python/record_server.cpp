@@ -72,7 +72,7 @@ Result DllGetClassObject(const Guid& classId, const Guid& /*interface*/, void** 
     if (classId != Info().ClassId) {
         return Result::ClassNotAvailable;
     }
-    *object = static_cast<ClassFactory*>(new Factory);
+    *object = static_cast<ClassFactory*>(new (std::nothrow) Factory);
     return Result::Ok;
 }
 
