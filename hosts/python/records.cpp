@@ -7,7 +7,7 @@ namespace torlib::python {
 
 namespace {
 
-const RecordInfo& InfoOf(std::u16string_view name) {
+const RecordInfo& RecordInfoOf(std::u16string_view name) {
     for (const RecordInfo& info : Records()) {
         if (info.Name == name) {
             return info;
@@ -74,7 +74,7 @@ std::pair<std::string, std::size_t> FieldFormat(const RecordField& field) {
         return {};
     }
     if (field.Type.Type == ValueType::Record) {
-        return {RecordFormat(field.Type.TypeName), InfoOf(field.Type.TypeName).Size};
+        return {RecordFormat(field.Type.TypeName), RecordInfoOf(field.Type.TypeName).Size};
     }
     const std::string format = boolean ? "?" : ElementFormat(field.Type.Type, nullptr);
     const std::size_t size = ScalarSize(field.Type.Type);
@@ -91,12 +91,12 @@ py::object ViewOfRecord(std::u16string_view name, std::shared_ptr<void> memory) 
     const py::object type = PublishedClass(name);
     py::object record = type.attr("__new__")(type);
     py::type::of<PythonRecord>().attr("__init__")(
-        record, py::cast(PythonRecord{&InfoOf(name), std::move(memory)}));
+        record, py::cast(PythonRecord{&RecordInfoOf(name), std::move(memory)}));
     return record;
 }
 
 py::object CopyOfRecord(const RecordReference& record) {
-    const RecordInfo& info = InfoOf(record.Name);
+    const RecordInfo& info = RecordInfoOf(record.Name);
     std::shared_ptr<void> memory = info.New();
     info.Assign(memory.get(), record.Address);
     return ViewOfRecord(info.Name, std::move(memory));
@@ -112,7 +112,7 @@ void AssignRecord(std::u16string_view name, void* target, py::handle value) {
 }
 
 std::string RecordFormat(std::u16string_view name) {
-    const RecordInfo& info = InfoOf(name);
+    const RecordInfo& info = RecordInfoOf(name);
     const std::shared_ptr<void> sample = info.New();
     const auto* const start = static_cast<const char*>(sample.get());
     std::string format = "T{";
@@ -140,7 +140,7 @@ std::string RecordFormat(std::u16string_view name) {
 void BindRecord(py::module_& module) {
     py::class_<PythonRecord>(module, "Record", "A record of the library; see its subclasses.")
         .def(py::init([](const std::string& name) {
-            const RecordInfo& info = InfoOf(FromUtf8(name));
+            const RecordInfo& info = RecordInfoOf(FromUtf8(name));
             return PythonRecord{&info, info.New()};
         }))
         .def(py::init<const PythonRecord&>())

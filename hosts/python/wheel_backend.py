@@ -72,6 +72,7 @@ def _built_package(folder):
     build, staging = folder / "build", folder / "staging"
     options = {
         "CMAKE_BUILD_TYPE": "Release",
+        "CMAKE_UNITY_BUILD": "ON",
         "CMAKE_INSTALL_PREFIX": str(staging),
         "Python3_EXECUTABLE": sys.executable,
         "TORLIB_TESTS": "OFF",

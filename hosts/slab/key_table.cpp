@@ -21,7 +21,7 @@ std::string Listed(const std::vector<std::string>& words) {
     return text;
 }
 
-std::string Described(const Bounds& bounds) {
+std::string Described(const AllowedRange& bounds) {
     const std::string least = ShortNumber(bounds.Least);
     if (bounds.Greatest < LargestNumber) {
         return "allowed: " + least + " to " + ShortNumber(bounds.Greatest);
@@ -46,7 +46,7 @@ void FailAt(const std::string& file, const toml::source_region& place, const std
     throw InputError(text + ": " + (key.empty() ? "" : key + ": ") + message);
 }
 
-double Entry::Number(const Bounds& bounds) const {
+double Entry::Number(const AllowedRange& bounds) const {
     if (!node_->is_number()) {
         FailType("a number");
     }
@@ -204,7 +204,8 @@ std::vector<KeyTable> KeyTable::Tables(std::string_view key) const {
     return tables;
 }
 
-double KeyTable::NumberOr(std::string_view key, const Bounds& bounds, double otherwise) const {
+double KeyTable::NumberOr(std::string_view key, const AllowedRange& bounds,
+                          double otherwise) const {
     return Has(key) ? Get(key).Number(bounds) : otherwise;
 }
 

@@ -19,7 +19,7 @@
 namespace slab {
 
 /// The range of a number in the units of the file.
-struct Bounds {
+struct AllowedRange {
     double Least = 0;
     double Greatest = 0;
     bool WithoutLeast = false; ///< the least value itself is not allowed
@@ -29,10 +29,10 @@ struct Bounds {
 constexpr double SmallestNumber = 1e-15;
 constexpr double LargestNumber = 1e15;
 
-constexpr Bounds Any{-LargestNumber, LargestNumber, false};
-constexpr Bounds Positive{0, LargestNumber, true};
-constexpr Bounds NotNegative{0, LargestNumber, false};
-constexpr Bounds Between(double least, double greatest) {
+constexpr AllowedRange Any{-LargestNumber, LargestNumber, false};
+constexpr AllowedRange Positive{0, LargestNumber, true};
+constexpr AllowedRange NotNegative{0, LargestNumber, false};
+constexpr AllowedRange Between(double least, double greatest) {
     return {least, greatest, false};
 }
 
@@ -47,7 +47,7 @@ class Entry {
     Entry(const toml::node& node, std::string name, const std::string& file)
         : node_(&node), name_(std::move(name)), file_(&file) {}
 
-    double Number(const Bounds& bounds) const;
+    double Number(const AllowedRange& bounds) const;
     int WholeNumber(int least, int greatest) const;
     bool Flag() const;
     std::string Text() const;
@@ -86,7 +86,7 @@ class KeyTable {
     KeyTable Table(std::string_view key) const { return Get(key).Table(); }
     /// The tables [[key]], none when the key is missing.
     std::vector<KeyTable> Tables(std::string_view key) const;
-    double NumberOr(std::string_view key, const Bounds& bounds, double otherwise) const;
+    double NumberOr(std::string_view key, const AllowedRange& bounds, double otherwise) const;
     /// Refuses the table unless exactly one of the keys is there; gives that key.
     std::string OneOf(const std::vector<std::string>& keys) const;
 

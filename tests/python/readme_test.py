@@ -1,4 +1,4 @@
-"""The session in the README gives what it shows."""
+"""The dialogue in the README gives what it shows."""
 
 import doctest
 import pathlib
@@ -6,7 +6,7 @@ import re
 import sys
 
 readme = pathlib.Path(__file__).parents[2] / "README.md"
-session = re.search(r"```pycon\n(.*?)```", readme.read_text(), re.S)[1]
+dialogue = re.search(r"```pycon\n(.*?)```", readme.read_text(), re.S)[1]
 failed, tried = doctest.DocTestRunner().run(
-    doctest.DocTestParser().get_doctest(session, {}, "README.md", str(readme), 0))
+    doctest.DocTestParser().get_doctest(dialogue, {}, "README.md", str(readme), 0))
 sys.exit(failed or tried < 5)

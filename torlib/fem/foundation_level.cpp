@@ -33,8 +33,7 @@ void FEM_Class::SetFoundationLevel(const Integer& Nk, const Integer& NE,
 void FEM_Class::GetGlobalNodeCoordinate(Integer N, Array<Single>& x, Array<Single>& Y, Single Beta,
                                         Single Xo, Single yo) const {
     const MemberScope scope("FEM_Class.GetGlobalNodeCoordinate", Named("x", x), Named("Y", Y));
-    const Single pi = Pi;
-    const Single b = pi * Beta / 180;
+    const Single b = StoredPi * Beta / 180;
     const Real sine = Sin(b);
     const Real cosine = Cos(b);
     for (const int i : Range(1, N)) {

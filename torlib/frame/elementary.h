@@ -16,6 +16,9 @@ namespace torlib {
 /// The double nearest to the circle's ratio; the same bits as 4 * Atan(1).
 inline constexpr Real Pi = 3.14159265358979323846;
 
+/// The circle's ratio as a stored number, where a formula holds it in 32 bits.
+inline constexpr Single StoredPi = Pi;
+
 /// Natural logarithm of a positive argument; error below 0.76 ulp. Zero or less raises 5.
 ///
 /// Source: P. T. P. Tang, Table-driven implementation of the logarithm function in IEEE

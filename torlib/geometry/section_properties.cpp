@@ -6,21 +6,19 @@
 namespace torlib {
 namespace {
 
-constexpr Single pi = Pi;
-
 /// Direction of (x, Y) seen from (xc, yc), counter-clockwise from +x, 0..2 pi.
 Single Direction(Single x, Single Y, Single xc, Single yc) {
     Single angle = 0;
     if (x != xc) {
         angle = Atan((Y - yc) / (x - xc));
         if (x < xc) {
-            angle = Y > yc ? angle + pi : angle - pi;
+            angle = Y > yc ? angle + StoredPi : angle - StoredPi;
         }
     } else {
-        angle = Y <= yc ? -pi / 2 : pi / 2;
+        angle = Y <= yc ? -StoredPi / 2 : StoredPi / 2;
     }
     if (angle < 0) {
-        angle = angle + 2 * pi;
+        angle = angle + 2 * StoredPi;
     }
     return angle;
 }

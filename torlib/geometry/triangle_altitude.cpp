@@ -5,7 +5,6 @@
 namespace torlib {
 namespace {
 
-constexpr Single pi = Pi;
 constexpr double negligible = 0.001;
 
 void ClearSmall(Single& value) {
@@ -17,13 +16,13 @@ void ClearSmall(Single& value) {
 /// Direction of the vector (dx, dy), counter-clockwise from +x, 0..2 pi; 0 for no vector.
 Single Direction(Single dx, Single dy) {
     if (dx == 0) {
-        return dy == 0 ? Real(0) : dy > 0 ? pi / 2 : 3 * pi / 2;
+        return dy == 0 ? Real(0) : dy > 0 ? StoredPi / 2 : 3 * StoredPi / 2;
     }
     const Single slope = Atan(Abs(dy / dx));
     if (dx < 0) {
-        return dy > 0 ? pi - slope : pi + slope;
+        return dy > 0 ? StoredPi - slope : StoredPi + slope;
     }
-    return dy < 0 ? 2 * pi - slope : Real(slope);
+    return dy < 0 ? 2 * StoredPi - slope : Real(slope);
 }
 
 } // namespace

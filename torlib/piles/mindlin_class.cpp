@@ -80,7 +80,7 @@ Single Mindlin_class::Ili_EH(Single R, Single L1, Single L2, Single Z, Single Ho
 namespace {
 
 // clang-format off
-constexpr Member members[] = {
+constexpr Member mindlinMembers[] = {
     Method<&Mindlin_class::Icr_HS>(u"Icr_HS", u"Displacement by a load on a circle.",
         {u"R", u"ro", u"C", u"Z", {u"Nue", 0}}),
     Method<&Mindlin_class::Ipi_HS>(u"Ipi_HS", u"Displacement by a point load.",
@@ -124,7 +124,8 @@ Mindlin_class& Mindlin_class::DefaultInstance() {
 
 const ClassInfo& Mindlin_class::Info() {
     static const ClassInfo info = DescribeClass<Mindlin_class>(
-        u"Mindlin_class", u"Influence factors of loads inside the elastic half-space.", members);
+        u"Mindlin_class", u"Influence factors of loads inside the elastic half-space.",
+        mindlinMembers);
     return info;
 }
 

@@ -6,7 +6,7 @@ namespace torlib {
 namespace {
 
 // clang-format off
-constexpr Member members[] = {
+constexpr Member pileGeometryMembers[] = {
     Method<&PileGeometry_Class::GenerationOfPileGeometry>(u"GenerationOfPileGeometry",
         u"Generates the nodes of the piles alone.",
         {u"Np", u"Lp", u"Dp", u"XPl", u"YPl", u"NK_P", u"NE_P", u"ro", u"XGN", u"YGN", u"ZGN",
@@ -57,7 +57,7 @@ PileGeometry_Class& PileGeometry_Class::DefaultInstance() {
 const ClassInfo& PileGeometry_Class::Info() {
     static const ClassInfo info = DescribeClass<PileGeometry_Class>(
         u"PileGeometry_Class", u"Nodes, weights and condensed coefficients of piled rafts.",
-        members);
+        pileGeometryMembers);
     return info;
 }
 

@@ -6,7 +6,7 @@ namespace torlib {
 namespace {
 
 // clang-format off
-constexpr Member members[] = {
+constexpr Member pileMembers[] = {
     Method<&Piles_class::SinglePile>(u"SinglePile",
         u"Load-settlement curve of a bored pile, with the working load read off it.",
         {u"CalculationAccording", u"D", u"DF", u"QV", u"SZV", u"QSSU", u"CUU", u"ANSCH",
@@ -39,7 +39,7 @@ Piles_class& Piles_class::DefaultInstance() {
 
 const ClassInfo& Piles_class::Info() {
     static const ClassInfo info = DescribeClass<Piles_class>(
-        u"Piles_class", u"Resistance, stresses and stiffness of a single pile.", members);
+        u"Piles_class", u"Resistance, stresses and stiffness of a single pile.", pileMembers);
     return info;
 }
 
