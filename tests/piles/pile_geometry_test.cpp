@@ -130,11 +130,11 @@ TEST(PiledRaftNodes, MarksForTheSinglePileMethod) {
 }
 
 TEST(PileNumbers, LargestAndNumberOfEach) {
-    EXPECT_EQ(geometry.MaxDim(3, N({2, 9, 4, 30})), 9);
+    EXPECT_EQ(geometry.MaxDim(3, N({9, 2, 4, 30})), 9);
     EXPECT_EQ(geometry.MaxDim(2, N({-2, -9})), 0);
     Single x;
     Single y;
-    geometry.MaxCoordinates(3, R({-5, -2, -3, 8}), R({7, 1, 2, 8}), x, y);
+    geometry.MaxCoordinates(3, R({-5, -3, -2, 8}), R({7, 1, 2, 8}), x, y);
     EXPECT_EQ(x.Value() + 10 * y.Value(), -2 + 10 * 7);
     Numbers numbers;
     geometry.SetPileNo(N({4, 2, 4}), numbers, 5, 3);
