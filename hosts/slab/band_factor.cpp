@@ -7,19 +7,19 @@
 
 namespace slab {
 
-BandFactor::BandFactor(const torlib::Array<torlib::Single>& A, int halfBandWidth, int equations)
+BandFactor::BandFactor(const Array<Single>& A, int halfBandWidth, int equations)
     : width_(halfBandWidth - 1),
       pivot_(static_cast<std::size_t>(equations)),
       ratio_(static_cast<std::size_t>(equations) * static_cast<std::size_t>(halfBandWidth - 1)) {
     constexpr int tile = 64; // rows at a time, so that reading by columns stays in the cache
-    const torlib::Single* const data = A.Data();
+    const Single* const data = A.Data();
     const std::size_t rows = A.Rows();
     const auto base = static_cast<std::size_t>(1 - A.LBound(1));
     const auto column = static_cast<std::size_t>(1 - A.LBound(2));
     for (int first = 0; first < equations; first += tile) {
         const int last = std::min(first + tile, equations);
         for (int l = 0; l <= width_; ++l) {
-            const torlib::Single* const in = data + base + (column + l) * rows;
+            const Single* const in = data + base + (column + l) * rows;
             for (int n = first; n < last; ++n) {
                 if (l == 0) {
                     pivot_[n] = double{in[n].Value()};

@@ -3,7 +3,7 @@
 // precision: K is about L D L^T with L and D rounded to 32 bits.
 
 #include "hosts/slab/block_matrix.h"
-#include "torlib/frame/arithmetic.h"
+#include "hosts/slab/library_types.h"
 
 namespace slab {
 
@@ -11,7 +11,7 @@ class BandFactor {
   public:
     BandFactor() = default;
     /// Takes over A as FEM_Class.SolveMatrix left it.
-    BandFactor(const torlib::Array<torlib::Single>& A, int halfBandWidth, int equations);
+    BandFactor(const Array<Single>& A, int halfBandWidth, int equations);
 
     /// v = (L D L^T)^-1 v.
     void Substitute(Vector& v) const { Substitute(v, false); }

@@ -6,12 +6,6 @@
 #include <cmath>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Bounds;
-using torlib::Integer;
-using torlib::Single;
-
 namespace {
 
 constexpr int largest_row = 32766; // rows of the band that 16 bits can count

@@ -4,6 +4,7 @@
 
 #include "hosts/slab/analysis.h"
 #include "hosts/slab/digits.h"
+#include "hosts/slab/library_types.h"
 #include "hosts/slab/restraints.h"
 #include "torlib/fem/fem_class.h"
 
@@ -17,8 +18,7 @@ int BandWidthOf(const Model& model, const std::vector<Element>& elements,
 /// Imposes the restraints on the band and eliminates it, with progress on the window; Q becomes the
 /// solution. Throws AnalysisFailure or Cancelled.
 BandFactor Eliminated(torlib::FEM_Class& fem, RunWindow& window, int halfBandWidth, int equations,
-                      const RestraintList& restraints, torlib::Array<torlib::Single>& A,
-                      torlib::Array<torlib::Single>& Q);
+                      const RestraintList& restraints, Array<Single>& A, Array<Single>& Q);
 
 /// Corrects the 32-bit solution u and notes what that gave; in a plain analysis notes only what
 /// there is to correct. The first `displacements` freedoms of a node are lengths.

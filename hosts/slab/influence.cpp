@@ -2,12 +2,11 @@
 
 #include "hosts/slab/influence.h"
 
+#include "hosts/slab/library_types.h"
+
 #include <cmath>
 
 namespace slab {
-
-using torlib::Single;
-
 namespace {
 
 struct GaussPoint {

@@ -5,10 +5,6 @@
 #include <cmath>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Single;
-
 namespace {
 
 const Point& Corner(const Model& model, const Element& element, int i) {

@@ -11,9 +11,6 @@
 
 namespace slab {
 
-using torlib::Array;
-using torlib::Integer;
-using torlib::Single;
 using torlib::String;
 using torlib::SymmetricCase;
 

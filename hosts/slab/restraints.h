@@ -2,6 +2,7 @@
 // Supports and symmetry of a model as restrained equations, and the check that they hold the slab.
 
 #include "hosts/slab/block_matrix.h"
+#include "hosts/slab/library_types.h"
 #include "hosts/slab/model.h"
 #include "torlib/fem/fem_class.h"
 
@@ -11,9 +12,9 @@ namespace slab {
 
 /// The restraint list in the library's form, and the same by equation.
 struct RestraintList {
-    torlib::Integer NF = 0;
-    torlib::Array<torlib::Integer> NS;
-    torlib::Array<torlib::Single> AufL;
+    Integer NF = 0;
+    Array<Integer> NS;
+    Array<Single> AufL;
     std::vector<char> Held; ///< by equation, from 0
     Vector Value;           ///< prescribed value by equation
 };
@@ -25,8 +26,7 @@ RestraintList Restraints(const Model& model, torlib::FEM_Class& fem);
 RestraintList ListedRestraints(const Model& model, int displacements, torlib::FEM_Class& fem);
 /// Coordinates from the symmetry lines x = xmax and y = ymax, so that the library's 1 mm tolerance
 /// holds far from the origin.
-void FromSymmetryLines(const Model& model, torlib::Array<torlib::Single>& XGriD,
-                       torlib::Array<torlib::Single>& YGriD);
+void FromSymmetryLines(const Model& model, Array<Single>& XGriD, Array<Single>& YGriD);
 /// Fills Held and Value from the library's list.
 void FillEquations(const Model& model, RestraintList& list);
 

@@ -1,15 +1,12 @@
 #include "hosts/slab/sections.h"
 
+#include "hosts/slab/library_types.h"
 #include "torlib/geometry/geometry_class.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Single;
-
 namespace {
 
 constexpr int MostCorners = 1000;

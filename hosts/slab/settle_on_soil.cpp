@@ -12,17 +12,13 @@
 // (tension cut-off).
 
 #include "hosts/slab/interaction.h"
+#include "hosts/slab/library_types.h"
 #include "torlib/numeric/math_class.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Bounds;
-using torlib::Single;
-
 namespace {
 
 constexpr double fine = 1e-4; // mismatch aimed at, of the largest settlement

@@ -11,12 +11,6 @@
 #include <cmath>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Bounds;
-using torlib::Integer;
-using torlib::Single;
-
 namespace {
 
 constexpr double step_digits = 1e-6; // residual / load in a step of an iteration

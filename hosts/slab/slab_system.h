@@ -9,6 +9,7 @@
 #include "hosts/slab/analysis.h"
 #include "hosts/slab/band_factor.h"
 #include "hosts/slab/digits.h"
+#include "hosts/slab/library_types.h"
 #include "hosts/slab/restraints.h"
 #include "torlib/fem/fem_class.h"
 
@@ -49,8 +50,7 @@ class SlabSystem {
 
   private:
     void BuildMatrix();
-    torlib::Array<torlib::Single> Assemble(torlib::Array<torlib::Single>& Q,
-                                           const Vector& extraForces);
+    Array<Single> Assemble(Array<Single>& Q, const Vector& extraForces);
     void NoteWeakestPivot();
     Vector FreeLoads(const Vector& extraForces) const;
     void Poll() const;

@@ -1,13 +1,10 @@
 #include "hosts/slab/beams/beam_elements.h"
 
+#include "hosts/slab/library_types.h"
+
 #include <cmath>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Bounds;
-using torlib::Single;
-
 namespace {
 
 Element AsElement(const Beam& beam) {

@@ -1,17 +1,12 @@
 #include "hosts/slab/piles/bored_pile.h"
 
+#include "hosts/slab/library_types.h"
 #include "torlib/piles/piles_class.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Bounds;
-using torlib::Integer;
-using torlib::Single;
-
 namespace {
 
 /// The library's routine takes meganewtons, metres and centimetres.

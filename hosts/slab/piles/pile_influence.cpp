@@ -1,5 +1,7 @@
 #include "hosts/slab/piles/pile_influence.h"
 
+#include "hosts/slab/library_types.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -7,7 +9,6 @@
 namespace slab {
 
 using std::numbers::pi;
-using torlib::Single;
 
 namespace {
 

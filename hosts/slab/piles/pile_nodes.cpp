@@ -1,14 +1,10 @@
 #include "hosts/slab/piles/pile_nodes.h"
 
+#include "hosts/slab/library_types.h"
 #include "hosts/slab/restraints.h"
 #include "torlib/piles/pile_geometry_class.h"
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Integer;
-using torlib::Single;
-
 namespace {
 
 /// Centre of the node's contact area, its mirror images included where a symmetry line cuts it.

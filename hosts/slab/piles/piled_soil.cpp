@@ -1,6 +1,7 @@
 #include "hosts/slab/piles/piled_soil.h"
 
 #include "hosts/slab/analysis.h"
+#include "hosts/slab/library_types.h"
 #include "hosts/slab/piles/dense_inverse.h"
 #include "hosts/slab/piles/pile_coefficients.h"
 #include "torlib/piles/pile_geometry_class.h"
@@ -10,11 +11,6 @@
 #include <numbers>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Bounds;
-using torlib::Integer;
-
 namespace {
 
 /// Numbers of the library's arrays have 16 bits; K and its inverse take 12 bytes an entry.
@@ -119,7 +115,7 @@ void PiledSoil::Compose(const Vector& stiffness) {
     const std::size_t n = nodes_.size();
     const std::size_t groups = raftNodes_.size();
     const Bounds all{1, static_cast<int>(n)};
-    Array<torlib::Single> kij(all, all);
+    Array<Single> kij(all, all);
     Array<Integer> NK_PR(Bounds{0, static_cast<int>(groups)});
     for (std::size_t i = 0; i < n; ++i) {
         for (std::size_t j = 0; j < n; ++j) {
@@ -135,7 +131,7 @@ void PiledSoil::Compose(const Vector& stiffness) {
             }
         }
     }
-    Array<torlib::Single> Gk;
+    Array<Single> Gk;
     const torlib::PileGeometry_Class geometry;
     geometry.ComposedCoefficients(static_cast<int>(groups), kij, Gk, NK_PR);
     composed_.resize(groups * groups);

@@ -1,12 +1,10 @@
 #include "hosts/slab/plane/frame_elements.h"
 
+#include "hosts/slab/library_types.h"
+
 #include <cmath>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Single;
-
 namespace {
 
 /// Share of its length that a member has to span in x for a load per projected length.

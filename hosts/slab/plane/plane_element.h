@@ -2,6 +2,7 @@
 // An element of a plane system as the library gives it and as the correction of digits needs it.
 
 #include "hosts/slab/block_matrix.h"
+#include "hosts/slab/library_types.h"
 #include "torlib/fem/fem_class.h"
 
 #include <functional>
@@ -10,8 +11,8 @@ namespace slab {
 
 /// Three equations a corner: u, v, theta.
 struct PlaneElement {
-    torlib::Array<torlib::Single> Stiffness;
-    torlib::Array<torlib::Single> Loads;
+    Array<Single> Stiffness;
+    Array<Single> Loads;
     Vector Exact; ///< the stiffness in double precision, free of forces under rigid motions
 };
 

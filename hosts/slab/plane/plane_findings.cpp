@@ -1,5 +1,6 @@
 // What frames and walls give alike: displacements, reactions, balance, digits, warnings.
 
+#include "hosts/slab/library_types.h"
 #include "hosts/slab/mesh.h"
 #include "hosts/slab/plane/plane_analysis.h"
 #include "hosts/slab/quantities.h"
@@ -10,11 +11,6 @@
 #include <set>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Integer;
-using torlib::Single;
-
 namespace {
 
 /// Residual or imbalance, relative to the loads, from which on a result is not to be trusted.

@@ -5,12 +5,6 @@
 #include <cmath>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Bounds;
-using torlib::Integer;
-using torlib::Single;
-
 namespace {
 
 Array<Integer> NodesOf(const Element& element) {

@@ -6,6 +6,7 @@
 //     const Vector u = system.Solve();
 
 #include "hosts/slab/band_solution.h"
+#include "hosts/slab/library_types.h"
 #include "hosts/slab/plane/plane_element.h"
 
 namespace slab {
@@ -31,9 +32,8 @@ class PlaneSystem {
     slab::Digits Digits;
 
   private:
-    void Assemble(torlib::Array<torlib::Single>& A, torlib::Array<torlib::Single>& Q);
-    void AddSprings(std::size_t element, torlib::Array<torlib::Single>& ST,
-                    std::vector<char>& given);
+    void Assemble(Array<Single>& A, Array<Single>& Q);
+    void AddSprings(std::size_t element, Array<Single>& ST, std::vector<char>& given);
 
     const Model& model_;
     ElementSource elements_;

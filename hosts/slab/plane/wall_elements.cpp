@@ -1,16 +1,12 @@
 #include "hosts/slab/plane/wall_elements.h"
 
+#include "hosts/slab/library_types.h"
 #include "hosts/slab/plate_elements.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace slab {
-
-using torlib::Array;
-using torlib::Bounds;
-using torlib::Single;
-
 namespace {
 
 /// Sides of rectangles are at least ten times as long.
