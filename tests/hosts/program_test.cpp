@@ -130,6 +130,7 @@ TEST_F(Program, ReleaseGivesTheSameBits) {
         EXPECT_EQ(Results(RUN_SCRIPT, name + ".toml"), Results(SLAB_PROGRAM, name + ".toml"))
             << name;
     }
+    EXPECT_EQ(Wait(Start({"--examples"}, RUN_SCRIPT)).err, "") << "nothing left to build";
 }
 
 TEST_F(Program, ResultsStandInTheProjectsUnits) {
