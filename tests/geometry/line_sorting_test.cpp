@@ -175,5 +175,21 @@ TEST(BeamPieces, AreTheSameForAnyOrderAndDirectionOfTheMeshLines) {
     }
 }
 
+// The first mesh line starts near the beam's start, the second where the first ends, or near it.
+TEST(BeamPieces, MeetWithinTheTolerance) {
+    for (const int second : {4, 5}) {
+        const std::vector<Line> lines = {{3, 4}, {second, 2}};
+        Array<Integer> IME, KME, LT1, LT2, MTy, Mp1 = Column(lines, 0), Mp2 = Column(lines, 1);
+        Integer NME, NM = 2;
+        geometry.Sortingbeamelements(
+            NME, IME, KME, LT1, LT2, 5, ArrayFromOne<Single>({0, 10, 0.0004, 5, 5.0004}),
+            Array<Single>(Bounds{1, 5}), 1, 1, ArrayFromOne<Integer>({1}),
+            ArrayFromOne<Integer>({2}), ArrayFromOne<Integer>({7}), NM, Mp1, Mp2, MTy);
+        ASSERT_EQ(NM, 2);
+        EXPECT_EQ((Line{Mp1(1), Mp2(1), MTy(1)}), (Line{3, 4, 7}));
+        EXPECT_EQ((Line{Mp1(2), Mp2(2), MTy(2)}), (Line{second, 2, 7}));
+    }
+}
+
 } // namespace
 } // namespace torlib

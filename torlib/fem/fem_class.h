@@ -23,7 +23,9 @@
 // (u, v, rotation from +y towards +x), wall triangles (u, v).
 // A(n, l), l = 1..Nw, holds K(n, n + l - 1). A and Q carry Nw - 1 zero rows beyond the last
 // equation. An index such as n + l - 1 is formed as a whole and checked against 16 bits where it is
-// stored.
+// stored. Every member raises 6 when a value exceeds its 32 bits or 0 is divided by 0, and when a
+// count is 32767, beside the errors that its own text tells. An array that was re-dimensioned
+// before an error stays so.
 
 #include "torlib/frame/arithmetic.h"
 #include "torlib/frame/enumerations.h"
@@ -250,10 +252,9 @@ class TORLIB_API FEM_Class {
     ///
     /// `StartNode`, `EndNode` node numbers. `ElementType` section type. `EmGrid`, `GridInertia`,
     /// `GModul`, `GridTorsion` modulus of elasticity, moment of inertia, shear modulus and torsion
-    /// constant of each section type. `XGriD`, `YGriD` node coordinates. `EI`, `GJ` [out] flexural
-    /// and torsional rigidity. `XD`, `YD` [out] projections, end minus start. `i`, `j` [out] the
-    /// two node numbers. Errors: 6 when a product overflows; 9 for a type or node outside the
-    /// arrays.
+    /// constant of each section type, from 1. `XGriD`, `YGriD(1..)` node coordinates. `EI`, `GJ`
+    /// [out] flexural and torsional rigidity. `XD`, `YD` [out] projections, end minus start. `i`,
+    /// `j` [out] the two node numbers. Errors: 9 for a type or node outside the arrays.
     void BeamData(Integer StartNode, Integer EndNode, Integer ElementType,
                   const Array<Single>& EmGrid, const Array<Single>& GridInertia,
                   const Array<Single>& GModul, const Array<Single>& GridTorsion,
@@ -267,7 +268,8 @@ class TORLIB_API FEM_Class {
     /// across and along the beam turned into dw/dx and dw/dy. `XD`, `YD`, `EI`, `GJ` as from
     /// BeamData. `F1`, `F2` [out] EI and GJ over the length. `ALE` [out] length. `SI`, `CO` [out]
     /// -XD and YD over the length. `S2`, `C2`, `CS` [out] their squares and product.
-    /// Errors: 11 for a beam without length, after ALE is set.
+    /// Errors: 11 for a beam without length, after ALE is set. Source: Weaver and Gere (1990),
+    /// Matrix Analysis of Framed Structures, rotation of axes.
     void TransformationMatrix(Array<Single>& TR, Single XD, Single YD, Single EI, Single GJ,
                               Single& F1, Single& F2, Single& ALE, Single& SI, Single& CO,
                               Single& S2, Single& C2, Single& CS) const;
@@ -276,8 +278,8 @@ class TORLIB_API FEM_Class {
     ///
     /// `ST` [out] re-dimensioned to (0..6, 0..6), filled from 1: symmetric, start then end, (w,
     /// dw/dx, dw/dy) each. The other parameters as from TransformationMatrix. Errors: 6 or 11 for
-    /// ALE = 0. Source: Weaver and Gere (1990), Matrix Analysis of Framed Structures, grid member;
-    /// no shear deformation, Saint-Venant torsion.
+    /// ALE = 0, ST is then as before. Source: Weaver and Gere (1990), Matrix Analysis of Framed
+    /// Structures, grid member; no shear deformation, Saint-Venant torsion.
     void BeamStiffness(Array<Single>& ST, Single F1, Single F2, Single ALE, Single SI, Single CO,
                        Single S2, Single C2, Single CS) const;
 
@@ -287,7 +289,8 @@ class TORLIB_API FEM_Class {
     /// `UG` [out] re-dimensioned to (0..6), filled from 1, in global axes as the stiffness.
     /// `TR` from TransformationMatrix. `PP` load per length, positive along w. `ALE` length.
     /// Result: PP ALE / 2 at each deflection; +PP ALE^2 / 12 at the start and the negative at the
-    /// end, at the slope along the beam. Errors: 9 when TR is too small.
+    /// end, at the slope along the beam. Errors: 9 when TR is too small. Source: Weaver and Gere
+    /// (1990), table of fixed-end actions.
     void BeamLoadVector(Array<Single>& UG, const Array<Single>& TR, Single PP, Single ALE) const;
 
     /// Adds all grid beams and their line loads into the band matrix and the load vector.
@@ -313,8 +316,8 @@ class TORLIB_API FEM_Class {
     /// other value none. `EI`, `EA` flexural and axial rigidity. `AL` length. `CO`, `SI` direction
     /// cosines of the axis from start to end.
     /// A hinged rotation has a zero row and column, so a node where every member is hinged keeps
-    /// the rotation 0. Errors: 11 for AL = 0. Source: Weaver and Gere (1990), plane-frame member;
-    /// no shear deformation.
+    /// the rotation 0. Errors: 11 for AL = 0, ST is then as before. Source: Weaver and Gere (1990),
+    /// plane-frame member; no shear deformation. Deviations: rotations are clockwise.
     void BeamPlaneStiffness(Array<Single>& ST, Single G, Single EI, Single EA, Single AL, Single CO,
                             Single SI) const;
 
@@ -334,6 +337,7 @@ class TORLIB_API FEM_Class {
     /// Matrix that turns global into member components, (along, across, rotation) at each node.
     ///
     /// `TR` [out] re-dimensioned to (0..6, 0..6), filled from 1. `CO`, `SI` direction cosines.
+    /// Source: Weaver and Gere (1990), rotation of axes.
     void PlaneTransformationMatrix(Array<Single>& TR, Single CO, Single SI) const;
 
     /// Stiffness of the triangle of constant strain in plane stress.
@@ -341,8 +345,8 @@ class TORLIB_API FEM_Class {
     /// `SK` [out] re-dimensioned to (0..6, 0..6), filled from 1: symmetric, (u, v) corner by
     /// corner. `x`, `Y(1..3)` corner coordinates in either sense of rotation. `e` modulus of
     /// elasticity. `T` thickness. `bnu` Poisson's ratio. `AL` area. Errors: 5 for a negative area;
-    /// 9 for coordinates outside the arrays; 11 for AL = 0 or bnu =
-    /// +-1. Source: Turner, Clough, Martin and Topp (1956), J. Aeronautical Sciences 23, 805-823.
+    /// 9 for coordinates outside the arrays; 11 for AL = 0 or bnu = +-1.
+    /// Source: Turner, Clough, Martin and Topp (1956), J. Aeronautical Sciences 23, 805-823.
     void SetStressElementStiffness(Array<Single>& SK, const Array<Single>& x,
                                    const Array<Single>& Y, Single e, Single T, Single bnu,
                                    Single AL) const;
@@ -352,11 +356,11 @@ class TORLIB_API FEM_Class {
     /// `Nk`, `NE` number of nodes and elements. `I_ElementType(1..NE)` number of corners.
     /// `I_Corner(1..NE, 1..4)` corner nodes. `TF` [in/out] level of all nodes; by groups, the share
     /// of the last element on return. `Tk` is added to every group's level. `Ngs` "J" takes levels
-    /// by groups, any other text one level. `MGRU(1..NE)` group of each element. `pt` level of each
-    /// group. `TFV` [out] re-dimensioned to (0..Nk).
-    /// By groups each element gives each of its corners pt + Tk over its corner count, so that edge
-    /// nodes of a mesh of rectangles get a half and corner nodes a quarter of the level.
-    /// Errors: 6 or 11 for an element without corners; 9 for an index outside the arrays or Nk < 0.
+    /// by groups, any other text one level. `MGRU(1..NE)` group of each element. `pt(1..)` level of
+    /// each group. `TFV` [out] re-dimensioned to (0..Nk). By groups each element gives each of its
+    /// corners pt + Tk over its corner count, so that edge nodes of a mesh of rectangles get a half
+    /// and corner nodes a quarter of the level. Errors: 6 or 11 for an element without corners; 9
+    /// for an index outside the arrays or Nk < 0.
     void SetFoundationLevel(const Integer& Nk, const Integer& NE,
                             const Array<Integer>& I_ElementType, const Array<Integer>& I_Corner,
                             Single& TF, const Single& Tk, const String& Ngs,

@@ -134,10 +134,9 @@ constexpr ParameterType TypeOf() {
     ParameterType type = Description<std::remove_cvref_t<P>>::Value;
     if (std::is_reference_v<P>) {
         type.Writable = !std::is_const_v<std::remove_reference_t<P>>;
-        // A text, an object or a variant passed as a constant reference is a value to the caller.
+        // A text or an object passed as a constant reference is a value to the caller.
         type.ByReference = type.Writable || type.IsArray ||
-                           (type.Type != ValueType::Object && type.Type != ValueType::String &&
-                            type.Type != ValueType::Variant);
+                           (type.Type != ValueType::Object && type.Type != ValueType::String);
     }
     return type;
 }

@@ -68,6 +68,7 @@ struct Pieces {
     /// Writes the pieces into a row of the lists of end nodes, along the beam P-Q.
     void WriteRow(const Point& P, const Point& Q, const Mesh& mesh, int row, Array<Integer>& LT1,
                   Array<Integer>& LT2) {
+        Append(P); // a first node near the start is a point after it
         Geometry_Class::DefaultInstance().SortingLine(N, XL, YL, P.x, P.Y, Q.x, Q.Y);
         int column = 0;
         for (int k : Range(1, N - 1)) {

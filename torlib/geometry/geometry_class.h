@@ -139,10 +139,9 @@ class TORLIB_API Geometry_Class {
     /// pieces of the listed beams, row by row, with the type of their beam, resized to 0..NM.
     /// Mesh lines must have a length and not overlap: a piece without neighbours leaves its place
     /// in LT1 and LT2 zero. Lists of which there is no row stay as they are. Errors: 6 for an
-    /// overflow, also of NM; 9 for a count or a node number beyond the arrays, and for overlapping
-    /// lines as long as the beam that leave its start out. Deviations: `Nk` and `NT` are not read,
-    /// the arrays carry their sizes; mesh lines are judged by `DefiningPoint`, so coordinates
-    /// should be on a common grid.
+    /// overflow, also of NM; 9 for a count or a node number beyond the arrays. Deviations: `Nk` and
+    /// `NT` are not read, the arrays carry their sizes; mesh lines are judged by `DefiningPoint`,
+    /// so coordinates should be on a common grid.
     void Sortingbeamelements(Integer& NME, Array<Integer>& IME, Array<Integer>& KME,
                              Array<Integer>& LT1, Array<Integer>& LT2, const Integer& Nk,
                              const Array<Single>& XGriD, const Array<Single>& YGriD,
