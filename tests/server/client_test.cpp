@@ -81,6 +81,17 @@ TEST_F(Client, UnloadingTakesAFreeServerOutOfTheProcess) {
         << "a freshly loaded library starts at 0";
 }
 
+TEST_F(Client, AReferenceToADefaultInstanceKeepsTheServerAndItsState) {
+    Object shared = DefaultObject(u"TORVALib.TORVAClass");
+    shared.Put(u"Exitcontrol", 5);
+    EXPECT_EQ(UnloadFreeServers(), 1);
+    EXPECT_EQ(DefaultObject(u"torvalib.torvaclass").Get(u"Exitcontrol").ToLong(), 5);
+    shared = nullptr;
+    EXPECT_EQ(UnloadFreeServers(), 0) << "the instance alone does not hold the server";
+    EXPECT_FALSE(ServerFile::IsLoaded());
+    EXPECT_EQ(test::ErrorOf([] { DefaultObject(u"TORVALib.Nothing"); }), 429);
+}
+
 TEST_F(Client, UnregisteringLeavesNothingButTheEntriesOfOthers) {
     RegisterEntries({{"progid", "Other.Class", {{"server", "/other.so"}}}});
     const std::size_t all = ReadRegistry().size();

@@ -77,7 +77,9 @@ TEST_F(SameBits, EveryMemberOfEveryClassInAllFourWays) {
         const std::unique_ptr<void, void (*)(void*)> instance(info->Create(), info->Destroy);
         const Object shared = DefaultObject(*info);
         const Object own = NewObject(*info);
-        const Object created = CreateObject(u"TORVALib." + std::u16string(info->Name));
+        const std::u16string identifier = u"TORVALib." + std::u16string(info->Name);
+        const Object created = CreateObject(identifier);
+        const Object registered = DefaultObject(identifier);
         for (const Member& member : info->Members) {
             if (member.Kind == MemberKind::Reserved) {
                 continue;
@@ -97,6 +99,8 @@ TEST_F(SameBits, EveryMemberOfEveryClassInAllFourWays) {
                     << where << ", late-bound by argument names";
                 ASSERT_EQ(early, Outcome(member, seed, shape, Late(member, created, false)))
                     << where << ", created by identifier";
+                ASSERT_EQ(early, Outcome(member, seed, shape, Late(member, registered, false)))
+                    << where << ", default instance by identifier";
             }
             EXPECT_GT(completed, 0) << className << "." << ToUtf8(member.Name)
                                     << " never came to its end: the walk shows little";

@@ -63,7 +63,8 @@ class PlainUtility final : public UtilityServices {
 };
 
 template <class Default, class Service>
-Service& Ensure(std::shared_ptr<Service>& service) {
+Service& Ensure(std::mutex& guard, std::shared_ptr<Service>& service) {
+    const std::lock_guard lock(guard);
     if (!service) {
         service = std::make_shared<Default>();
     }
@@ -76,15 +77,15 @@ LanguageSettings::~LanguageSettings() = default;
 UtilityServices::~UtilityServices() = default;
 
 LanguageSettings& CompanionObjects::Language() {
-    return Ensure<TableLanguage>(language_);
+    return Ensure<TableLanguage>(guard_, language_);
 }
 
 UtilityServices& CompanionObjects::Utility() {
-    return Ensure<PlainUtility>(utility_);
+    return Ensure<PlainUtility>(guard_, utility_);
 }
 
 DrawingContext& CompanionObjects::Drawing() {
-    return Ensure<DrawingContext>(drawing_);
+    return Ensure<DrawingContext>(guard_, drawing_);
 }
 
 void CompanionObjects::SetLanguage(std::shared_ptr<LanguageSettings> language) {

@@ -11,6 +11,7 @@
 #include "torlib/platform/component/variant.h"
 
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace torlib {
@@ -64,7 +65,8 @@ struct DrawingContext {
     Long FontHandle = 0;
 };
 
-/// The companion objects, created on first use and kept while the library is loaded.
+/// The companion objects, created on first use and kept while the library is loaded. The first use
+/// may come from several threads at once; a host sets its own before any other thread uses them.
 class TORLIB_API CompanionObjects {
   public:
     LanguageSettings& Language();
@@ -76,6 +78,7 @@ class TORLIB_API CompanionObjects {
     void SetDrawing(std::shared_ptr<DrawingContext> drawing);
 
   private:
+    std::mutex guard_;
     std::shared_ptr<LanguageSettings> language_;
     std::shared_ptr<UtilityServices> utility_;
     std::shared_ptr<DrawingContext> drawing_;

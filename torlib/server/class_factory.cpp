@@ -11,18 +11,16 @@ namespace {
 
 std::atomic<long> server_holds{0};
 
-class Factory final : public CountedObject<ClassFactory> {
+class Factory final : public CountedObject<ApplicationFactory> {
   public:
     explicit Factory(const ClassInfo& info) : CountedObject(1), info_(info) { ++server_holds; }
     ~Factory() override { --server_holds; }
 
     Result CreateInstance(const Guid& interface, void** object) override {
-        *object = nullptr;
-        try {
-            return NewObject(info_).Pointer()->QueryInterface(interface, object);
-        } catch (...) {
-            return Result::Exception;
-        }
+        return HandOut(NewObject, interface, object);
+    }
+    Result GetDefaultInstance(const Guid& interface, void** object) override {
+        return HandOut(DefaultObject, interface, object);
     }
     Result LockServer(bool lock) override {
         server_holds += lock ? 1 : -1;
@@ -30,9 +28,20 @@ class Factory final : public CountedObject<ClassFactory> {
     }
 
   protected:
-    bool Answers(const Guid& interface) const override { return interface == IidClassFactory; }
+    bool Answers(const Guid& interface) const override {
+        return interface == IidClassFactory || interface == IidApplicationFactory;
+    }
 
   private:
+    Result HandOut(Object (*make)(const ClassInfo&), const Guid& interface, void** object) {
+        *object = nullptr;
+        try {
+            return make(info_).Pointer()->QueryInterface(interface, object);
+        } catch (...) {
+            return Result::Exception;
+        }
+    }
+
     const ClassInfo& info_;
 };
 

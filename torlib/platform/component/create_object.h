@@ -6,6 +6,9 @@
 //     math.Invoke(u"ProductMatrxByVector", {N, ByRef(A), ByRef(V), ByRef(U)});
 //     math = nullptr;
 //     UnloadFreeServers();
+//
+// All three may be called from several threads at once, and by servers that are themselves being
+// loaded or asked for an object.
 
 #include "torlib/platform/component/object.h"
 
@@ -17,8 +20,13 @@ namespace torlib {
 /// when there is none.
 TORLIB_API Object CreateObject(std::u16string_view progIdOrClassId);
 
-/// Unloads the servers that CreateObject has loaded and that say that nothing of them is in use.
-/// Result: how many servers stay loaded.
+/// The implicit default instance of the class with this programmatic or class identifier, the same
+/// that the server's own code uses; raises 429 and says why when there is none.
+TORLIB_API Object DefaultObject(std::u16string_view progIdOrClassId);
+
+/// Unloads the servers that the two above have loaded and that say that nothing of them is in use.
+/// No other thread may be in the midst of releasing the last object of a server. Result: how many
+/// servers stay loaded.
 TORLIB_API int UnloadFreeServers();
 
 } // namespace torlib

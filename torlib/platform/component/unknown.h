@@ -1,5 +1,5 @@
 #pragma once
-// The binary door of the component layer: identifiers, result codes and the three interfaces that a
+// The binary door of the component layer: identifiers, result codes and the interfaces that a
 // server and its clients agree on. Nothing here throws; errors cross as result codes and records.
 
 #include "torlib/platform/api.h"
@@ -90,11 +90,23 @@ class ClassFactory : public Unknown {
     ~ClassFactory() = default;
 };
 
+/// The factory of an application object: a class with an implicit default instance.
+class ApplicationFactory : public ClassFactory {
+  public:
+    /// Hands out the one default instance, whose state lasts while the server stays loaded.
+    virtual Result GetDefaultInstance(const Guid& interface, void** object) = 0;
+
+  protected:
+    ~ApplicationFactory() = default;
+};
+
 inline constexpr Guid IidUnknown{
     0x7a3c1c00, 0x52d1, 0x4e0e, {0x9d, 0x6b, 0x0c, 0x41, 0x5e, 0x28, 0x70, 0x01}};
 inline constexpr Guid IidDispatch{
     0x7a3c1c01, 0x52d1, 0x4e0e, {0x9d, 0x6b, 0x0c, 0x41, 0x5e, 0x28, 0x70, 0x01}};
 inline constexpr Guid IidClassFactory{
     0x7a3c1c02, 0x52d1, 0x4e0e, {0x9d, 0x6b, 0x0c, 0x41, 0x5e, 0x28, 0x70, 0x01}};
+inline constexpr Guid IidApplicationFactory{
+    0x7a3c1c04, 0x52d1, 0x4e0e, {0x9d, 0x6b, 0x0c, 0x41, 0x5e, 0x28, 0x70, 0x01}};
 
 } // namespace torlib
