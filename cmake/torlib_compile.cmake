@@ -21,9 +21,14 @@ if(TORLIB_WARNINGS_AS_ERRORS)
   target_compile_options(torlib_options INTERFACE -Werror)
 endif()
 if(TORLIB_SANITIZE)
-  target_compile_options(torlib_options INTERFACE -fsanitize=address,undefined
+  set(TORLIB_SANITIZERS address,undefined)
+elseif(TORLIB_SANITIZE_THREADS)
+  set(TORLIB_SANITIZERS thread)
+endif()
+if(TORLIB_SANITIZERS)
+  target_compile_options(torlib_options INTERFACE -fsanitize=${TORLIB_SANITIZERS}
                                                   -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(torlib_options INTERFACE -fsanitize=address,undefined)
+  target_link_options(torlib_options INTERFACE -fsanitize=${TORLIB_SANITIZERS})
 endif()
 
 # torlib_room(NAME SOURCES ... NEEDS ...): one room of the library, a static library of its own, so

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <thread>
 
 namespace torlib {
 namespace {
@@ -24,6 +23,10 @@ class Registry : public testing::Test {
     void Write(const std::string& text) const {
         std::filesystem::create_directories(std::filesystem::path(Path()).parent_path());
         std::ofstream(Path()) << text;
+    }
+    std::string Text() const {
+        std::ifstream file(Path());
+        return {std::istreambuf_iterator<char>(file), {}};
     }
     static RegistryEntry Entry(const std::string& key, const std::string& server) {
         return {"progid", key, {{"class", "{" + key + "}"}, {"server", server}}};
@@ -54,36 +57,82 @@ TEST_F(Registry, UnregisteringRemovesExactlyTheOwnEntries) {
     EXPECT_NE(FindEntry(entries, "progid", "Lib.B"), nullptr) << "another server took it over";
 }
 
-TEST_F(Registry, WritersTakeTurnsAndReadersSeeWholeFiles) {
-    std::vector<std::thread> writers;
-    for (int writer = 0; writer < 4; ++writer) {
-        writers.emplace_back([writer] {
-            for (int i = 0; i < 10; ++i) {
-                const std::string name = std::to_string(writer) + "." + std::to_string(i);
-                RegisterEntries({Entry(name, "/" + name)});
-                const auto entries = ReadRegistry();
-                EXPECT_EQ(FindEntry(entries, "progid", name)->Value("server"), "/" + name);
-            }
-        });
+TEST_F(Registry, ADamagedLineIsToldAndLeavesTheRestUsable) {
+    const struct {
+        const char* text;
+        const char* damage;
+        std::size_t entries;
+    } cases[] = {
+        {"# by hand\n\n[progid A]\nclass = {1}\n[progid B]\n", "", 2},
+        {"[progid A]\r\nclass = {1}\r\n", "", 1},
+        {"[progid B\nserver = /b.so\n[progid A]\nclass = {1}\n", "line 1", 1},
+        {"[progid A]\nclass = {1}\n\n[progid]\nclass = {2}\n", "line 4", 1},
+        {"[progid A]\nclass = {1}\n[ B]\nclass = {2}\n", "line 3", 1},
+        {"name = 1\n[progid A]\nclass = {1}\n", "line 1", 1},
+        {"[progid A]\nclass {2}\nclass = {1}\n", "line 2", 1},
+    };
+    for (const auto& c : cases) {
+        Write(c.text);
+        std::vector<std::string> damage;
+        const auto entries = ReadRegistry(&damage);
+        EXPECT_EQ(entries.size(), c.entries) << c.text;
+        const RegistryEntry* A = FindEntry(entries, "progid", "A");
+        ASSERT_NE(A, nullptr) << c.text;
+        EXPECT_EQ(A->Value("class"), "{1}") << c.text;
+        EXPECT_EQ(damage.size(), *c.damage ? 1U : 0U) << c.text;
+        const std::string error = ErrorText([] { CreateObject(u"B"); });
+        EXPECT_EQ(error.find(std::string("; ") + c.damage + " is neither") != std::string::npos,
+                  *c.damage != '\0')
+            << error;
     }
-    for (std::thread& writer : writers) {
-        writer.join();
-    }
-    EXPECT_EQ(ReadRegistry().size(), 40U);
 }
 
-TEST_F(Registry, AFileThatCannotBeUnderstoodIsNamedWithItsLine) {
-    Write("# by hand\n\n[progid A]\nclass = {1}\n");
-    EXPECT_EQ(ReadRegistry().at(0).Value("class"), "{1}");
-    for (const char* bad : {"[progid A\n", "[progid]\n", "name = 1\n", "[progid A]\nnonsense\n"}) {
-        Write(bad);
-        EXPECT_NE(ErrorText([] { ReadRegistry(); }).find(Path() + " has the line "),
-                  std::string::npos);
+TEST_F(Registry, WhatNobodyChangesStaysAsItWasWritten) {
+    const std::string own = "# mine\n\n[progid  A]\n# why\nclass={1}\ndamaged\n\n# of B\n";
+    Write(own + "[progid B]\nserver = /b.so\n# end");
+    RegisterEntries({Entry("C", "/c.so")});
+    const std::string added = "\n[progid C]\nclass = {C}\nserver = /c.so\n";
+    EXPECT_EQ(Text(), own + "[progid B]\nserver = /b.so\n# end\n" + added);
+    UnregisterEntries({{"progid", "B", {{"server", "/b.so"}}}});
+    EXPECT_EQ(Text(), "# mine\n\n[progid  A]\n# why\nclass={1}\ndamaged\n# end\n" + added);
+    for (const char* start : {"", "nonsense\n", "[progid C]\n", "\n\n[progid D]\n", "# c\n"}) {
+        Write(start);
+        RegisterEntries({Entry("C", "/c.so")});
+        const std::string once = Text();
+        RegisterEntries({Entry("C", "/c.so")});
+        EXPECT_EQ(Text(), once) << "registering again changes nothing: " << start;
     }
-    EXPECT_EQ(test::ErrorOf([] { RegisterEntries({Entry("A", "/one\n[progid B]")}); }), 75)
-        << "the broken file is not overwritten";
-    Write("");
-    EXPECT_EQ(test::ErrorOf([] { RegisterEntries({Entry("A", "/one\n[progid B]")}); }), 5);
+}
+
+TEST_F(Registry, WhatWouldReadBackAsSomethingElseIsRefused) {
+    const RegistryEntry refused[] = {
+        {"prog id", "A", {}},
+        {"progid]", "A", {}},
+        {"", "A", {}},
+        {"progid", "", {}},
+        {"progid", "A]\n[progid B", {}},
+        {"progid", "A\rB", {}},
+        {"progid", "A ", {}},
+        {"progid", "\tA", {}},
+        {"progid", "[A", {}},
+        {"progid", "A", {{"server\n", "/a"}}},
+        {"progid", "A", {{"[server", "/a"}}},
+        {"progid", "A", {{"#server", "/a"}}},
+        {"progid", "A", {{"ser=ver", "/a"}}},
+        {"progid", "A", {{"", "/a"}}},
+        {"progid", "A", {{"server", "/a\n[progid B]"}}},
+        {"progid", "A", {{"server", "/a "}}},
+        {"progid", "A", {{"server", std::string("/a\0b", 4)}}},
+    };
+    for (const RegistryEntry& entry : refused) {
+        EXPECT_EQ(test::ErrorOf([&] { RegisterEntries({entry}); }), 5) << entry.Key;
+        EXPECT_FALSE(std::filesystem::exists(Path()));
+    }
+    RegisterEntries({{"progid", "A (1) = #", {{"server", "/[a] = #"}, {"empty", ""}}}});
+    const auto entries = ReadRegistry();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0].Key, "A (1) = #");
+    EXPECT_EQ(entries[0].Value("server"), "/[a] = #");
 }
 
 TEST_F(Registry, CreatingSaysWhyThereIsNoObject) {
@@ -92,6 +141,7 @@ TEST_F(Registry, CreatingSaysWhyThereIsNoObject) {
         {"progid", "Lib.Real", {{"class", "{7A3C1C02-52D1-4E0E-9D6B-0C415E287001}"}}},
         {"class", "{7A3C1C02-52D1-4E0E-9D6B-0C415E287001}", {{"server", "/nowhere/lib.so"}}},
         {"class", "{7A3C1C02-52D1-4E0E-9D6B-0C415E287002}", {{"server", Path()}}},
+        {"class", "{7A3C1C02-52D1-4E0E-9D6B-0C415E287004}", {}},
     });
     const struct {
         const char16_t* id;
@@ -103,6 +153,7 @@ TEST_F(Registry, CreatingSaysWhyThereIsNoObject) {
         {u"{7A3C1C02-52D1-4E0E-9D6B-0C415E287001}", "does not exist"},
         {u"{7A3C1C02-52D1-4E0E-9D6B-0C415E287002}", "its server does not load"},
         {u"{7A3C1C02-52D1-4E0E-9D6B-0C415E287003}", "is not registered"},
+        {u"{7A3C1C02-52D1-4E0E-9D6B-0C415E287004}", "has no server file"},
     };
     for (const auto& c : cases) {
         const std::string text = ErrorText([&c] { CreateObject(c.id); });

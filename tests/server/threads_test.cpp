@@ -1,11 +1,13 @@
 // The contract of docs/threads.md: what may run in several threads at once.
 
 #include "tests/error_text.h"
+#include "tests/temporary_folder.h"
 
 #include "torlib/fem/fem_class.h"
 #include "torlib/frame/class_object.h"
 #include "torlib/frame/companion_services.h"
 #include "torlib/frame/run_state.h"
+#include "torlib/platform/component/registry.h"
 #include "torlib/server/class_list.h"
 
 #include <gtest/gtest.h>
@@ -120,6 +122,24 @@ TEST(Threads, ThatUseTheCompanionsFirstGetTheSameOnes) {
             ASSERT_EQ(found[i], found[i - 3]) << round;
         }
     }
+}
+
+TEST(Threads, WriteTheRegistryInTurnsAndReadItWhole) {
+    const test::TemporaryFolder folder;
+    setenv("TORLIB_REGISTRY", folder.File("components.reg").c_str(), 1);
+    std::atomic<int> found = 0;
+    InThreads([&found](std::size_t writer) {
+        for (int i = 0; i < 10; ++i) {
+            const std::string name = std::to_string(writer) + "." + std::to_string(i);
+            RegisterEntries({{"progid", name, {{"server", "/" + name}}}});
+            const auto entries = ReadRegistry();
+            const RegistryEntry* own = FindEntry(entries, "progid", name);
+            found += own && own->Value("server") == "/" + name ? 1 : 0;
+        }
+    });
+    EXPECT_EQ(found, 10 * thread_count);
+    EXPECT_EQ(ReadRegistry().size(), 10 * thread_count);
+    unsetenv("TORLIB_REGISTRY");
 }
 
 } // namespace

@@ -21,9 +21,17 @@ namespace {
     RaiseError(ErrorNumber::CannotCreateObject, "cannot create " + ToUtf8(id) + ": " + why);
 }
 
-/// The registry's entry of the class that is meant by a programmatic or class identifier.
+/// The registry's entry of the class that is meant by a programmatic or class identifier; it names
+/// a server file.
 RegistryEntry ClassEntry(std::u16string_view id) {
-    const std::vector<RegistryEntry> entries = ReadRegistry();
+    std::vector<std::string> damage;
+    const std::vector<RegistryEntry> entries = ReadRegistry(&damage);
+    const auto refuse = [&](std::string why) {
+        for (const std::string& line : damage) {
+            why += "; " + line;
+        }
+        RaiseCannotCreate(id, why);
+    };
     std::string classId = ToUtf8(id);
     if (Guid guid; !ParseGuid(id, &guid)) {
         const RegistryEntry* named = FindEntry(entries, "progid", classId);
@@ -34,14 +42,16 @@ RegistryEntry ClassEntry(std::u16string_view id) {
                     known.push_back(entry.Key);
                 }
             }
-            RaiseCannotCreate(id, "it is not registered in " + RegistryPath() +
-                                      Suggestion(classId, known));
+            refuse("it is not registered in " + RegistryPath() + Suggestion(classId, known));
         }
         classId = named->Value("class");
     }
     const RegistryEntry* entry = FindEntry(entries, "class", classId);
     if (!entry) {
-        RaiseCannotCreate(id, "the class " + classId + " is not registered in " + RegistryPath());
+        refuse("the class " + classId + " is not registered in " + RegistryPath());
+    }
+    if (entry->Value("server").empty()) {
+        refuse("the class " + classId + " has no server file in " + RegistryPath());
     }
     return *entry;
 }

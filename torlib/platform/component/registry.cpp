@@ -1,33 +1,20 @@
 #include "torlib/platform/component/registry.h"
 
 #include "torlib/platform/component/nearest_names.h"
+#include "torlib/platform/component/registry_file.h"
 #include "torlib/platform/component/run_time_error.h"
 #include "torlib/platform/component/variant.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdlib>
-#include <cstring>
-#include <fcntl.h>
-#include <filesystem>
-#include <fstream>
-#include <sys/file.h>
-#include <unistd.h>
+#include <utility>
 
 namespace torlib {
 
 namespace {
 
-constexpr std::string_view heading =
+const std::string heading =
     "# Component registry: which server file holds which class. Written by the servers.\n";
-
-[[noreturn]] void RaiseFailed(const std::string& path, const std::string& what) {
-    RaiseError(ErrorNumber::FileNotWritable, "the component registry " + path + " " + what);
-}
-
-[[noreturn]] void RaiseSystem(const std::string& path, const char* what) {
-    RaiseFailed(path, std::string(what) + ": " + std::strerror(errno));
-}
 
 std::string Trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(" \t\r");
@@ -35,107 +22,137 @@ std::string Trimmed(std::string_view text) {
     return std::string(first == std::string_view::npos ? "" : text.substr(first, last - first + 1));
 }
 
-/// Takes in one line; false when it is neither a heading of an entry nor a value of one.
-bool ReadLine(const std::string& line, std::vector<RegistryEntry>& entries) {
-    if (line.empty() || line[0] == '#') {
-        return true;
-    }
-    if (line.front() == '[') {
-        const auto blank = line.find(' ');
-        if (line.back() != ']' || blank == std::string::npos) {
-            return false;
+/// An entry with its lines as they stand in the file, so that those that nobody changes stay: also
+/// comments and lines that cannot be understood.
+struct Block {
+    RegistryEntry Entry; ///< of no kind when its heading is damaged
+    std::string Lines;
+};
+
+/// Reads the file line by line.
+class Reader {
+  public:
+    explicit Reader(const std::string& text) {
+        std::size_t start = 0;
+        while (start < text.size()) {
+            const std::size_t end = std::min(text.find('\n', start), text.size());
+            Take(text.substr(start, end - start));
+            start = end + 1;
         }
-        entries.push_back({line.substr(1, blank - 1),
-                           Trimmed(std::string_view(line).substr(blank, line.size() - blank - 1)),
-                           {}});
-        return true;
+        (Blocks.empty() ? Preamble : Blocks.back().Lines) += pending_;
     }
-    const auto sign = line.find('=');
-    if (sign == std::string::npos || entries.empty()) {
-        return false;
+
+    std::string Preamble;
+    std::vector<Block> Blocks;
+    std::vector<std::string> Damage;
+
+  private:
+    void Take(const std::string& line) {
+        ++number_;
+        const std::string text = Trimmed(line);
+        pending_ += line + "\n";
+        if (text.empty() || text[0] == '#') {
+            return; // belongs to the entry of the next line that says something
+        }
+        if (text[0] == '[') {
+            TakeHeading(text);
+        } else {
+            TakeValue(text);
+        }
+        Blocks.back().Lines += std::exchange(pending_, "");
     }
-    entries.back().Values.emplace_back(Trimmed(line.substr(0, sign)),
-                                       Trimmed(line.substr(sign + 1)));
-    return true;
-}
+    /// Lines above the first entry that a blank line parts from it are the file's own.
+    void Begin() {
+        if (Blocks.empty()) {
+            const std::size_t end = pending_.rfind("\n\n");
+            const std::size_t kept = end == std::string::npos ? 0 : end + 1;
+            Preamble = pending_.substr(0, kept);
+            pending_.erase(0, kept);
+        }
+        Blocks.emplace_back();
+    }
+    void TakeHeading(const std::string& text) {
+        Begin();
+        const auto blank = text.find(' ');
+        if (text.back() != ']' || blank == std::string::npos || blank == 1) {
+            Complain(text);
+            return;
+        }
+        RegistryEntry& entry = Blocks.back().Entry;
+        entry.Kind = text.substr(1, blank - 1);
+        entry.Key = Trimmed(std::string_view(text).substr(blank, text.size() - blank - 1));
+    }
+    void TakeValue(const std::string& text) {
+        const auto sign = text.find('=');
+        if (sign == std::string::npos || Blocks.empty()) {
+            Complain(text);
+        } else if (RegistryEntry& entry = Blocks.back().Entry; !entry.Kind.empty()) {
+            entry.Values.emplace_back(Trimmed(text.substr(0, sign)),
+                                      Trimmed(text.substr(sign + 1)));
+        }
+        if (Blocks.empty()) {
+            Begin();
+        }
+    }
+    void Complain(const std::string& text) {
+        Damage.push_back("line " + std::to_string(number_) +
+                         " is neither \"[kind key]\" nor \"name = value\": " + text.substr(0, 80));
+    }
+
+    int number_ = 0;
+    std::string pending_;
+};
 
 bool SameEntry(const RegistryEntry& a, std::string_view kind, std::string_view key) {
     return a.Kind == kind && SameName(FromUtf8(a.Key), FromUtf8(key));
 }
 
-std::string FileText(const std::vector<RegistryEntry>& entries) {
-    std::string text(heading);
-    for (const RegistryEntry& entry : entries) {
-        std::string lines = "[" + entry.Kind;
-        lines.append(" ").append(entry.Key).append("]");
-        for (const auto& [name, value] : entry.Values) {
-            if (name.find('\n') != std::string::npos || value.find('\n') != std::string::npos) {
-                RaiseError(ErrorNumber::InvalidArgument,
-                           "a value of the component registry is one line, not \"" + value + "\"");
-            }
-            lines.append("\n").append(name).append(" = ").append(value);
-        }
-        text.append("\n").append(lines).append("\n");
-    }
-    return text;
+bool IsOneLine(std::string_view text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](unsigned char c) { return (c < ' ' && c != '\t') || c == 0x7f; });
 }
 
-/// An open file descriptor that closes itself, and with it the lock that it holds.
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (number_ >= 0) {
-            close(number_);
-        }
-    }
-    int Number() const { return number_; }
-
-  private:
-    int number_;
-};
-
-void WriteAll(const std::string& path, int file, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = write(file, text.data(), text.size());
-        if (written < 0 && errno != EINTR) {
-            RaiseSystem(path, "cannot be written");
-        }
-        text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
-    }
-    if (fsync(file) != 0) {
-        RaiseSystem(path, "cannot be written");
+/// Refuses what would be read back as something else.
+void CheckText(const char* what, const std::string& text, std::string_view refused,
+               bool mayBeEmpty) {
+    if (!IsOneLine(text) || text != Trimmed(text) ||
+        text.find_first_of(refused) != std::string::npos || (text.empty() && !mayBeEmpty)) {
+        RaiseError(ErrorNumber::InvalidArgument,
+                   std::string("a ") + what +
+                       " of the component registry is one line without blanks at its ends" +
+                       (refused.empty() ? "" : " and without any of " + std::string(refused)) +
+                       ", not \"" + text + "\"");
     }
 }
 
-/// Puts a whole new file in the place of the old one, so that a reader never sees a half.
-void Replace(const std::string& path, const std::string& text) {
-    const std::string fresh = path + ".new";
-    const Descriptor file(open(fresh.c_str(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, 0644));
-    if (file.Number() < 0) {
-        RaiseSystem(path, "cannot be written");
+std::string EntryLines(const RegistryEntry& entry) {
+    CheckText("kind", entry.Kind, "[] \t", false);
+    CheckText("key", entry.Key, "[]", false);
+    std::string lines = "\n[" + entry.Kind;
+    lines.append(" ").append(entry.Key).append("]\n");
+    for (const auto& [name, value] : entry.Values) {
+        CheckText("name", name, "[]#=", false);
+        CheckText("value", value, "", true);
+        lines.append(name).append(" = ").append(value).append("\n");
     }
-    WriteAll(path, file.Number(), text);
-    if (rename(fresh.c_str(), path.c_str()) != 0) {
-        RaiseSystem(path, "cannot be replaced");
-    }
+    return lines;
 }
 
-/// Reads, changes and writes the registry while no other writer can.
-template <class Change>
-void Rewrite(const Change& change) {
-    const std::string path = RegistryPath();
-    std::error_code failure;
-    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), failure);
-    const Descriptor lock(open((path + ".lock").c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0644));
-    if (lock.Number() < 0 || flock(lock.Number(), LOCK_EX) != 0) {
-        RaiseSystem(path, "cannot be locked");
+/// Takes entries out of the registry and puts new lines at its end, while no other writer can.
+template <class Condition>
+void Rewrite(const Condition& removed, const std::string& added) {
+    const RegistryFile file(RegistryPath());
+    const RegistryFile::WriteLock lock(file);
+    Reader old(file.Read());
+    std::erase_if(old.Blocks, [&removed](const Block& block) { return removed(block.Entry); });
+    std::string text = old.Preamble.empty() ? heading : old.Preamble;
+    if (old.Preamble.empty() && !old.Blocks.empty()) {
+        text += "\n";
     }
-    std::vector<RegistryEntry> entries = ReadRegistry();
-    change(entries);
-    Replace(path, FileText(entries));
+    for (const Block& block : old.Blocks) {
+        text += block.Lines;
+    }
+    file.Replace(text + added);
 }
 
 } // namespace
@@ -167,23 +184,16 @@ std::string RegistryPath() {
                "no place for the component registry: set TORLIB_REGISTRY to a file's path");
 }
 
-std::vector<RegistryEntry> ReadRegistry() {
-    const std::string path = RegistryPath();
+std::vector<RegistryEntry> ReadRegistry(std::vector<std::string>* damage) {
+    Reader read(RegistryFile(RegistryPath()).Read());
     std::vector<RegistryEntry> entries;
-    std::error_code failure;
-    if (!std::filesystem::exists(path, failure)) {
-        return entries;
-    }
-    std::ifstream file(path);
-    std::string line;
-    for (int number = 1; std::getline(file, line); ++number) {
-        if (!ReadLine(Trimmed(line), entries)) {
-            RaiseFailed(path, "has the line " + std::to_string(number) +
-                                  " that is neither \"[kind key]\" nor \"name = value\": " + line);
+    for (Block& block : read.Blocks) {
+        if (!block.Entry.Kind.empty()) {
+            entries.push_back(std::move(block.Entry));
         }
     }
-    if (!file.eof()) {
-        RaiseFailed(path, "cannot be read");
+    if (damage) {
+        *damage = std::move(read.Damage);
     }
     return entries;
 }
@@ -198,21 +208,24 @@ const RegistryEntry* FindEntry(const std::vector<RegistryEntry>& entries, std::s
 }
 
 void RegisterEntries(const std::vector<RegistryEntry>& added) {
-    Rewrite([&added](std::vector<RegistryEntry>& entries) {
-        std::erase_if(entries, [&added](const RegistryEntry& entry) {
+    std::string lines;
+    for (const RegistryEntry& entry : added) {
+        lines += EntryLines(entry);
+    }
+    Rewrite(
+        [&added](const RegistryEntry& entry) {
             return FindEntry(added, entry.Kind, entry.Key) != nullptr;
-        });
-        entries.insert(entries.end(), added.begin(), added.end());
-    });
+        },
+        lines);
 }
 
 void UnregisterEntries(const std::vector<RegistryEntry>& removed) {
-    Rewrite([&removed](std::vector<RegistryEntry>& entries) {
-        std::erase_if(entries, [&removed](const RegistryEntry& entry) {
+    Rewrite(
+        [&removed](const RegistryEntry& entry) {
             const RegistryEntry* own = FindEntry(removed, entry.Kind, entry.Key);
             return own && own->Value("server") == entry.Value("server");
-        });
-    });
+        },
+        "");
 }
 
 } // namespace torlib
