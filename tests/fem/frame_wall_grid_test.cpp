@@ -120,6 +120,35 @@ TEST(PlaneFrame, MembersTurn) {
     }
 }
 
+TEST(TwoNodeElements, LeaveArraysFromZeroToSix) {
+    const FEM_Class fem;
+    const auto filled = [] { return Array<Single>(Bounds{3, 9}, Bounds{-1, 8}); };
+    Array<Single> TR = filled(), plane = filled(), grid = filled(), ST = filled();
+    Array<Single> QK(Bounds{1, 9}), UG(QK);
+    Single F1, F2, ALE, SI, CO, S2, C2, CS;
+    fem.PlaneTransformationMatrix(plane, 0.6, 0.8);
+    fem.TransformationMatrix(grid, 3, 4, 5, 6, F1, F2, ALE, SI, CO, S2, C2, CS);
+    fem.BeamStiffness(ST, F1, F2, ALE, SI, CO, S2, C2, CS);
+    fem.BeamPlaneStiffness(TR, 0, 50, 30, 5, 1, 0);
+    fem.BeamPlaneLoadVector(QK, 1, 2, 3, 4, 0);
+    fem.BeamLoadVector(UG, grid, 2, ALE);
+    for (const auto* matrix : {&TR, &plane, &grid, &ST}) {
+        EXPECT_EQ(matrix->Dimensions(), 2);
+        for (const int dimension : {1, 2}) {
+            EXPECT_EQ(matrix->LBound(dimension), 0);
+            EXPECT_EQ(matrix->UBound(dimension), 6);
+        }
+        for (int i = 0; i <= 6; ++i) {
+            EXPECT_EQ((*matrix)(i, 0) == 0 && (*matrix)(0, i) == 0, true) << "filled from 1";
+        }
+    }
+    for (const auto* vector : {&QK, &UG}) {
+        EXPECT_EQ(vector->Dimensions(), 1);
+        EXPECT_EQ(std::pair(vector->LBound(), vector->UBound()), std::pair(0, 6));
+        EXPECT_EQ((*vector)(0) == 0, true);
+    }
+}
+
 struct Wall : BandSystem<2> {
     Wall(Points points, int width, Single e, Single T) : at(std::move(points)), E(e), t(T) {
         Size(static_cast<int>(at.size()), width);

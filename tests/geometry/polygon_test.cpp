@@ -135,6 +135,10 @@ TEST(PointInPolygon, TakesAnyKindOfNumber) {
     EXPECT_TRUE(inside(4095.0) && inside(std::int32_t{4095}) && inside(u"4095"));
     EXPECT_FALSE(inside(Single(4095)) || inside(std::int16_t{4095}));
     EXPECT_EQ(ErrorOf([&] { inside(u"high"); }), 13);
+    // A corner of the polygon; its width 16777217 is rounded down in 32-bit arithmetic.
+    Outline wide({{-1, 0}, {16777216, 1}});
+    EXPECT_TRUE(geometry.PointInPolygon(2, wide.x, wide.Y, 16777216, 1.0));
+    EXPECT_FALSE(geometry.PointInPolygon(2, wide.x, wide.Y, 16777216, Single(1)));
 }
 
 TEST(RepeatedNode, FindsWithinTheToleranceOrAppends) {

@@ -117,6 +117,11 @@ TEST(FrameHost, ExtremeMomentStandsWhereTheShearVanishes) {
     EXPECT_NEAR(Value(json, "members", 1, "x_extreme"), 30, 1e-5);
     EXPECT_NEAR(Value(json, "members", 1, "m_extreme"), 9 * 2 * 6400 / 128.0, 1e-3);
     EXPECT_NEAR(Value(json, "members", 1, "m_end"), -2 * 6400 / 8.0, 1e-3);
+    // A post under its load is nowhere in tension.
+    const Json post = AnalysedText(square_bar + Bar("[0, 0]", "[0, 80]") +
+                                   "[[loads.node]]\nat = [0, 80]\nfy = 5\n"
+                                   "[[supports]]\nat = [0, 0]\nclamped = true\n");
+    EXPECT_NEAR(post["extremes"]["n"]["greatest"]["value"], -5, 1e-9);
 }
 
 // A bar of two pieces, hinged to one another, turned from the x axis: support moments, springs.
@@ -289,6 +294,8 @@ TEST(FrameRefusal, NamesFileLineAndKey) {
         {"section = \"bar\"", "section = \"bat\"", "members[1].section: \"bat\" is not known"},
         {"to = 3", "to = 3\nhinge = \"left\"", "members[2].hinge: \"left\" is not known"},
         {"member = 1", "member = \"x\"", "loads.line[1].member: names a member, but no member"},
+        {"[[sections]]\nname = \"bar\"\nmodulus = 2e8\narea = 0.01\ninertia = 1e-4\n", "",
+         "beams and members need at least one of [[sections]]"},
         {"qy = 3", "", "loads.line[1]: one of these keys is needed: qx, qy, w"},
         {"qy = 3", "qy = 0", "nothing acts on the frame"},
         {"[[supports]]\nnode = 1\nclamped = true\n", "", "nothing holds the frame"},

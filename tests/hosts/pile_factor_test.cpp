@@ -1,6 +1,8 @@
 // Every influence coefficient between piles and raft that the shipped examples use, against the
 // point load in the half-space (Mindlin, 1936, Physics 7, 195-202) integrated in double precision.
 
+#include "hosts/slab/analysis.h"
+#include "hosts/slab/piles/dense_inverse.h"
 #include "hosts/slab/piles/pile_coefficients.h"
 #include "hosts/slab/project.h"
 
@@ -149,6 +151,39 @@ TEST(PileFactors, OfTheExamplesAreWithinHalfAPercent) {
         EXPECT_LT(worst, 5e-3) << example.Name;
     }
     EXPECT_GE(examples, 2);
+}
+
+// The largest entry of a column is its pivot, whatever its sign and wherever it stands.
+TEST(DenseInverse, TakesTheLargestPivot) {
+    const std::vector<Vector> matrices = {
+        {4},
+        {0, 1, 1, 0},
+        {1e-20, 1, 2, -3, 4, 1, 2, 1, 5},
+        {1e-18, 2, 1, 1e-9, 1, 3, -7, 1, 1},
+        {1, 2, 3, 1, 1, 2, 1e-17, 2, 3, 4, 1e-17, -1, 5, 3, -2, 2},
+    };
+    for (const Vector& matrix : matrices) {
+        const auto n = static_cast<std::size_t>(std::lround(std::sqrt(double(matrix.size()))));
+        Vector inverse = matrix;
+        std::vector<int> polled;
+        Invert(inverse, n, [&polled](int row) { polled.push_back(row); });
+        EXPECT_EQ(polled.size(), n);
+        EXPECT_EQ(polled.front() * 100 + polled.back(), 100 + static_cast<int>(n));
+        for (std::size_t i = 0; i < n; ++i) {
+            for (std::size_t j = 0; j < n; ++j) {
+                double left = 0;
+                double right = 0;
+                for (std::size_t k = 0; k < n; ++k) {
+                    left += inverse[n * i + k] * matrix[n * k + j];
+                    right += matrix[n * i + k] * inverse[n * k + j];
+                }
+                EXPECT_NEAR(left, i == j, 1e-13) << n << " at " << i << ", " << j;
+                EXPECT_NEAR(right, i == j, 1e-13) << n << " at " << i << ", " << j;
+            }
+        }
+    }
+    Vector singular{1, 2, 2, 4};
+    EXPECT_THROW(Invert(singular, 2, [](int) {}), AnalysisFailure);
 }
 
 } // namespace

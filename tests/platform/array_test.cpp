@@ -88,7 +88,8 @@ TEST(Array, BorrowedMemoryIsWorkedInAndKeepsItsBounds) {
     a(3, 1) = 7;
     EXPECT_EQ(memory[7], 7);
     for (const auto& change : std::initializer_list<void (*)(Array<double>&)>{
-             [](auto& x) { x.ReDim(2, 3); }, [](auto& x) { x.ReDim(11); },
+             [](auto& x) { x.ReDim(2, 2); }, [](auto& x) { x.ReDim(3, 3); },
+             [](auto& x) { x.ReDim(11); },
              [](auto& x) {
                  x.ReDim(Bounds{1, 4}, Bounds{0, 2});
              },
