@@ -1,6 +1,7 @@
 #include "hosts/python/objects.h"
 
 #include "hosts/python/arguments.h"
+#include "hosts/python/event_handlers.h"
 #include "hosts/python/running_call.h"
 #include "hosts/python/tables.h"
 
@@ -10,6 +11,7 @@
 #include "torlib/platform/component/nearest_names.h"
 #include "torlib/server/class_list.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace torlib::python {
@@ -68,6 +70,26 @@ class PythonObject final : public CountedObject<Dispatch> {
             *error = {static_cast<int>(failure.Number()), Label(member), failure.Description()};
         }
         return Result::Exception;
+    }
+
+    /// Names are numbered as they are asked for.
+    std::int32_t NumberOf(std::u16string_view member) override {
+        const py::gil_scoped_acquire gil;
+        try {
+            if (!py::hasattr(object_, AttributeName(object_, member))) {
+                return 0;
+            }
+        } catch (const py::error_already_set&) {
+            return 0;
+        }
+        const auto at =
+            std::find_if(names_.begin(), names_.end(),
+                         [member](const std::u16string& known) { return SameName(known, member); });
+        if (at == names_.end()) {
+            names_.emplace_back(member);
+            return static_cast<std::int32_t>(names_.size());
+        }
+        return static_cast<std::int32_t>(at - names_.begin()) + 1;
     }
 
     const py::object& Value() const { return object_; }
@@ -139,6 +161,7 @@ class PythonObject final : public CountedObject<Dispatch> {
     }
 
     py::object object_;
+    std::vector<std::u16string> names_;
 };
 
 /// Live Python instances of library objects by the object's address.
@@ -218,9 +241,10 @@ Object ObjectFromPython(py::handle object) {
 }
 
 void BindObject(py::module_& module) {
-    py::class_<LibraryObject>(module, "Object",
-                              "A late-bound object: its members are reached by name.")
-        .def(py::init<const LibraryObject&>())
+    py::class_<LibraryObject> object(module, "Object",
+                                     "A late-bound object: its members are reached by name.");
+    BindEvents(object);
+    object.def(py::init<const LibraryObject&>())
         .def(py::init([](const std::string& className) {
             return LibraryObject{NewInstance(FromUtf8(className))};
         }))

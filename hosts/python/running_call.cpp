@@ -55,7 +55,8 @@ ErrorRecord RunningCall::KeepError(const py::error_already_set& failure, std::st
 }
 
 void RunningCall::WatchSignals() {
-    SetEventSource(&Poll);
+    static const EventSourceToken source = AddEventSource(&Poll); // once, however often imported
+    static_cast<void>(source);
 }
 
 void RunningCall::Poll() {

@@ -3,8 +3,8 @@
 //
 // Files in reading order: values (this one), array (torlib.Array and its buffer), borrowed_array
 // (NumPy arrays as arguments), records, objects (library objects in Python and Python objects in
-// the library), arguments (one call by its row of the class table), running_call (errors and
-// Ctrl-C), tables (the class tables as Python data), module.
+// the library), event_handlers, arguments (one call by its row of the class table), running_call
+// (errors and Ctrl-C), tables (the class tables as Python data), module.
 
 #include "torlib/frame/argument_cast.h"
 

@@ -114,12 +114,12 @@ TEST(Restraints, CancelStopsAtOnce) {
     for (int poll = 1; poll <= 4; ++poll) {
         RandomSystem system;
         int polls = 0;
-        SetEventSource(
+        const EventSourceToken source = AddEventSource(
             [&] { ExitControlState() = ++polls == poll ? ExitCancelRequested : ExitRunning; });
         EXPECT_TRUE(system.fem.SetBoundaryToMatrix(5, 1, system.A, system.Q,
                                                    ArrayFromOne<Single>({9}),
                                                    ArrayFromOne<Integer>({6}), window.Reference()));
-        SetEventSource({});
+        RemoveEventSource(source);
         ExitControlState() = ExitRunning;
         EXPECT_EQ(window.Take(), "Unload;");
         EXPECT_EQ(polls, poll);

@@ -1,4 +1,5 @@
 #include "torlib/frame/class_object.h"
+#include "torlib/frame/event_table.h"
 #include "torlib/frame/records.h"
 
 #include "tests/error_text.h"
@@ -93,6 +94,31 @@ const ClassInfo& Probe::Info() {
                                 []() -> void* { return new Probe; },
                                 [](void* probe) { delete static_cast<Probe*>(probe); },
                                 []() -> void* { return &DefaultInstance(); }};
+    return info;
+}
+
+/// A class that raises the events of its event interface.
+class Waiter {
+  public:
+    static Waiter& DefaultInstance() {
+        static Waiter instance;
+        return instance;
+    }
+    static const ClassInfo& Info();
+
+    EventConnections& Events() { return events_; }
+    void RaiseWaitMessage() { events_.Raise(u"RunWaitMessage"); }
+
+  private:
+    ClassEvents events_{u"ClsWaitMessage"};
+};
+
+constexpr Member waiter_members[] = {
+    Method<&Waiter::RaiseWaitMessage>(u"RaiseWaitMessage", u""),
+};
+
+const ClassInfo& Waiter::Info() {
+    static const ClassInfo info = DescribeClass<Waiter>(u"ClsWaitMessage", u"", waiter_members);
     return info;
 }
 
@@ -238,6 +264,49 @@ TEST_F(LateBinding, InterfacesAndLifetimeAreCounted) {
     EXPECT_EQ(held->Release(), 0U);
     EXPECT_EQ(Probe::living, instances);
     EXPECT_EQ(LiveObjects(), before);
+}
+
+TEST_F(LateBinding, EachInstanceRaisesItsOwnEventsAndTheDefaultInstanceToo) {
+    Object wait = NewObject(Waiter::Info()), other = NewObject(Waiter::Info());
+    Waiter early;
+    std::string log;
+    const auto writes = [&log](const char* text) {
+        return [&log, text](std::span<Argument>) { log += text; };
+    };
+    const EventConnection a = Connect(wait, u"RunWaitMessage", writes("a"));
+    const EventConnection b = Connect(other, u"RunWaitMessage", writes("b"));
+    const EventConnection c =
+        Connect(DefaultObject(Waiter::Info()), u"RunWaitMessage", writes("c"));
+    wait.Invoke(u"RaiseWaitMessage");
+    other.Invoke(u"RaiseWaitMessage");
+    Waiter::DefaultInstance().RaiseWaitMessage();
+    early.RaiseWaitMessage();
+    EXPECT_EQ(log, "abc");
+    EXPECT_EQ(early.Events().Point()->EventInterface(), WaitMessageEventsId);
+    EXPECT_EQ(test::ErrorOf([&] { Disconnect(probe, 1); }), 438) << "a class without events";
+
+    // The handler lets the source go while its member is at work.
+    const EventConnection last = Connect(wait, u"RunWaitMessage", [&](std::span<Argument>) {
+        wait = nullptr;
+        RaiseError(ErrorNumber::InvalidArgument, "the source is gone");
+    });
+    EXPECT_EQ(ErrorText([&] { wait.Invoke(u"RaiseWaitMessage"); }),
+              "handler.RunWaitMessage: the source is gone (error 5)");
+}
+
+TEST(EventTables, ARowIsMadeOfItsSignatureAndAClassWithoutARowIsRefused) {
+    constexpr Member row = Event<void(const Integer&, Array<Single>&)>(u"Moved", u"", {u"n", u"A"});
+    EXPECT_EQ(row.Count, 2U);
+    EXPECT_TRUE(row.Types[0].ByReference && row.Types[1].IsArray);
+    EXPECT_EQ(test::ErrorOf([] { ClassEvents events(u"Math_Class"); }), 438);
+}
+
+TEST_F(LateBinding, AMemberIsOfferedUnderItsFirstRow) {
+    EXPECT_TRUE(probe.Offers(u"wEIGHTED"));
+    EXPECT_FALSE(probe.Offers(u"Later")) << "a reserved row is no member yet";
+    EXPECT_FALSE(probe.Offers(u"Weight"));
+    EXPECT_EQ(probe.Pointer()->NumberOf(u"level"), 7);
+    EXPECT_FALSE(Object().Offers(u"Level"));
 }
 
 } // namespace

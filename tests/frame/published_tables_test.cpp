@@ -4,7 +4,7 @@
 
 #include "torlib/frame/class_catalogue.h"
 #include "torlib/frame/records.h"
-#include "torlib/platform/component/unknown.h"
+#include "torlib/platform/component/event_point.h"
 
 #include <gtest/gtest.h>
 
@@ -14,14 +14,14 @@ namespace torlib {
 namespace {
 
 TEST(Catalogue, EveryIdentifierIsItsOwn) {
-    std::set<std::u16string> ids{GuidText(LibraryId), GuidText(WaitMessageEventsId),
-                                 GuidText(IidUnknown), GuidText(IidDispatch),
-                                 GuidText(IidClassFactory)};
+    std::set<std::u16string> ids{GuidText(LibraryId),       GuidText(WaitMessageEventsId),
+                                 GuidText(IidUnknown),      GuidText(IidDispatch),
+                                 GuidText(IidClassFactory), GuidText(IidEventPoint)};
     for (const CatalogueEntry& entry : ClassCatalogue()) {
         ids.insert(GuidText(entry.ClassId));
         ids.insert(GuidText(entry.InterfaceId));
     }
-    EXPECT_EQ(ids.size(), 5 + 2 * 13U);
+    EXPECT_EQ(ids.size(), 6 + 2 * 13U);
     EXPECT_EQ(test::ErrorOf([] { CatalogueEntryOf(u"Fem_class"); }), 429);
 }
 

@@ -5,6 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <atomic>
+#include <thread>
+#include <vector>
+
 namespace torlib {
 namespace {
 
@@ -37,19 +42,115 @@ TEST(Events, AFailingEventLeavesThoseBehindItPending) {
 
 TEST(Events, ASourceBringsEventsInBeforeTheyRun) {
     int runs = 0;
-    SetEventSource([&] { PostEvent([&] { ++runs; }); });
+    const EventSourceToken source = AddEventSource([&] { PostEvent([&] { ++runs; }); });
     DoEvents();
-    SetEventSource({});
+    EXPECT_TRUE(RemoveEventSource(source));
+    EXPECT_FALSE(RemoveEventSource(source));
     DoEvents();
     EXPECT_EQ(runs, 1);
 }
 
-TEST(Events, UnloadingAsksTheFormByName) {
+TEST(Events, SourcesComeAndGoWithoutTouchingEachOther) {
+    std::string log;
+    const auto polled = [&log] {
+        log.clear();
+        DoEvents();
+        return log;
+    };
+    EventSourceToken own = 0, other = 0, late = 0;
+    const EventSourceToken first = AddEventSource([&] { log += "1"; });
+    own = AddEventSource([&, held = std::make_shared<int>(7)] {
+        RemoveEventSource(own);
+        RemoveEventSource(other);
+        late = AddEventSource([&] { log += "5"; });
+        log += std::to_string(*held); // what the source holds lives until it returns
+    });
+    other = AddEventSource([&] { log += "3"; });
+    const EventSourceToken last = AddEventSource([&] { log += "4"; });
+    EXPECT_EQ(polled(), "174");
+    EXPECT_EQ(polled(), "145");
+    EXPECT_TRUE(RemoveEventSource(first));
+    EXPECT_EQ(polled(), "45");
+    EXPECT_TRUE(RemoveEventSource(last));
+    EXPECT_TRUE(RemoveEventSource(late));
+    EXPECT_EQ(polled(), "");
+}
+
+TEST(Events, AFailingSourceFailsThePollAndEventsWait) {
+    bool ran = false;
+    const EventSourceToken source =
+        AddEventSource([] { RaiseError(ErrorNumber::InvalidArgument, "refused"); });
+    PostEvent([&] { ran = true; });
+    EXPECT_EQ(test::ErrorOf([] { DoEvents(); }), 5);
+    EXPECT_FALSE(ran);
+    RemoveEventSource(source);
+    DoEvents();
+    EXPECT_TRUE(ran);
+}
+
+TEST(Events, AnyThreadPostsWhileOthersPoll) {
+    constexpr int posters = 4, each = 3000;
+    std::array<std::atomic<int>, posters> last{};
+    std::atomic<int> ran = 0, disorder = 0, still = posters;
+    std::vector<std::thread> threads;
+    for (int p = 0; p < posters; ++p) {
+        threads.emplace_back([&, p] {
+            for (int i = 1; i <= each; ++i) {
+                PostEvent([&, p, i] {
+                    disorder += last[p].exchange(i) != i - 1;
+                    ++ran;
+                });
+                RemoveEventSource(AddEventSource([] {}));
+            }
+            --still;
+        });
+    }
+    while (still != 0 || ran != posters * each) {
+        DoEvents();
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(disorder, 0);
+
+    // Two that poll at once: each event runs once.
+    ran = 0;
+    for (int i = 0; i < each; ++i) {
+        PostEvent([&] { ++ran; });
+    }
+    std::thread second([] { DoEvents(); });
+    DoEvents();
+    second.join();
+    EXPECT_EQ(ran, each);
+}
+
+TEST(Events, OnlyTheUserInterfacesThreadRunsThemOnceThereIsOne) {
+    const auto pollElsewhere = [] { std::thread([] { DoEvents(); }).join(); };
+    int ran = 0;
+    PostEvent([&] { ++ran; });
+    {
+        const UserInterfaceThread here;
+        pollElsewhere();
+        EXPECT_EQ(ran, 0);
+        DoEvents();
+        EXPECT_EQ(ran, 1);
+        PostEvent([&] { ++ran; });
+    }
+    pollElsewhere();
+    EXPECT_EQ(ran, 2);
+}
+
+TEST(Events, UnloadingAsksTheFormOnlyWhereItOffersIt) {
     const DynamicObject empty;
-    EXPECT_EQ(test::ErrorOf([&] { UnloadForm(empty.Reference()); }), 438);
+    EXPECT_EQ(test::ErrorOf([&] { UnloadForm(empty.Reference()); }), 0);
     test::HostWindow window;
     UnloadForm(window.Reference());
     EXPECT_EQ(window.Log(), "Unload;");
+    DynamicObject failing;
+    failing.DefineMethod(u"unload", [&](std::span<Argument>) {
+        return empty.Reference().Get(u"Caption"); // an error of the form's own
+    });
+    EXPECT_EQ(test::ErrorOf([&] { UnloadForm(failing.Reference()); }), 438);
     EXPECT_EQ(test::ErrorOf([] { UnloadForm({}); }), 91);
 }
 

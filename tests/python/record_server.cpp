@@ -1,9 +1,11 @@
-// A component server of another maker, for module_test.py: one class whose members take records.
+// A component server of another maker, for module_test.py: one class whose members take records and
+// raise events.
 
 #include "torlib/frame/class_object.h"
 #include "torlib/frame/records.h"
 #include "torlib/platform/component/counted_object.h"
 #include "torlib/platform/component/server_entry_points.h"
+#include "torlib/platform/windows/events.h"
 
 namespace torlib {
 namespace {
@@ -30,6 +32,25 @@ class Mirror {
         return Host.Invoke(u"Visited", {ByRef(A), {u"Place", 2}}).ToSingle();
     }
     Object Same(const Object& Host) { return Host; }
+    void Turn(Integer count) {
+        for (const int i : Range(1, count)) {
+            events_.Raise(u"Turned", {i, u"left"});
+        }
+    }
+    /// Counts the polls that pass from now on.
+    void WatchPolls() {
+        source_ = AddEventSource([this] { polls_ = polls_ + 1; });
+    }
+    Long EndWatch() {
+        RemoveEventSource(source_);
+        return polls_;
+    }
+    EventConnections& Events() { return events_; }
+
+  private:
+    EventConnections events_{{0x51d3a003, 0, 0, {}}, {u"Turned", u"Stopped"}};
+    EventSourceToken source_ = 0;
+    Long polls_ = 0;
 };
 
 constexpr Member members[] = {
@@ -37,17 +58,23 @@ constexpr Member members[] = {
     Method<&Mirror::AddCorner>(u"AddCorner", u"", {u"Surface", u"node"}),
     Method<&Mirror::Visit>(u"Visit", u"", {u"Host", u"A"}),
     Method<&Mirror::Same>(u"Same", u"", {u"Host"}),
+    Method<&Mirror::Turn>(u"Turn", u"", {u"count"}),
+    Method<&Mirror::WatchPolls>(u"WatchPolls", u""),
+    Method<&Mirror::EndWatch>(u"EndWatch", u""),
 };
 
 const ClassInfo& Info() {
-    static const ClassInfo info{u"Mirror",
-                                u"",
-                                {0x51d3a001, 0, 0, {}},
-                                {0x51d3a002, 0, 0, {}},
-                                members,
-                                []() -> void* { return new Mirror; },
-                                [](void* mirror) { delete static_cast<Mirror*>(mirror); },
-                                []() -> void* { return &Mirror::DefaultInstance(); }};
+    static const ClassInfo info{
+        u"Mirror",
+        u"",
+        {0x51d3a001, 0, 0, {}},
+        {0x51d3a002, 0, 0, {}},
+        members,
+        []() -> void* { return new Mirror; },
+        [](void* mirror) { delete static_cast<Mirror*>(mirror); },
+        []() -> void* { return &Mirror::DefaultInstance(); },
+        nullptr,
+        [](void* mirror) -> EventConnections& { return static_cast<Mirror*>(mirror)->Events(); }};
     return info;
 }
 

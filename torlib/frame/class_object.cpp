@@ -3,6 +3,7 @@
 #include "torlib/platform/component/counted_object.h"
 #include "torlib/platform/component/nearest_names.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 
@@ -104,9 +105,19 @@ class ClassObject final : public CountedObject<Dispatch> {
         return Result::Exception;
     }
 
+    std::int32_t NumberOf(std::u16string_view member) override { return info_.NumberOf(member); }
+
   protected:
     bool Answers(const Guid& interface) const override {
         return interface == IidDispatch || interface == info_.InterfaceId;
+    }
+    void* Companion(const Guid& interface) override {
+        if (interface != IidEventPoint || !info_.EventsOf) {
+            return nullptr;
+        }
+        EventPoint* const point = info_.EventsOf(instance_).Point();
+        point->AddRef();
+        return point;
     }
 
   private:
@@ -137,6 +148,13 @@ const Member* ClassInfo::Find(std::u16string_view name, InvokeKind kind) const {
         }
     }
     return nullptr;
+}
+
+std::int32_t ClassInfo::NumberOf(std::u16string_view name) const {
+    const auto at = std::find_if(Members.begin(), Members.end(), [name](const Member& member) {
+        return member.Kind != MemberKind::Reserved && SameName(member.Name, name);
+    });
+    return at == Members.end() ? 0 : static_cast<std::int32_t>(at - Members.begin()) + 1;
 }
 
 Object NewObject(const ClassInfo& info) {

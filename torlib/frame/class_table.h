@@ -18,6 +18,7 @@
 
 #include "torlib/frame/argument_cast.h"
 #include "torlib/frame/class_catalogue.h"
+#include "torlib/platform/component/event_point.h"
 
 #include <initializer_list>
 #include <span>
@@ -44,6 +45,13 @@ struct Member {
     Thunk Call = nullptr;
 };
 
+/// The events that a class raises, in the order of the event interface; the rows have no code.
+struct EventInterfaceInfo {
+    std::u16string_view Name;
+    Guid InterfaceId;
+    std::span<const Member> Events;
+};
+
 /// A public class: names, identifiers, members in interface order, and how instances are made.
 struct ClassInfo {
     std::u16string_view Name;
@@ -54,7 +62,12 @@ struct ClassInfo {
     void* (*Create)() = nullptr;
     void (*Destroy)(void*) = nullptr;
     void* (*DefaultInstance)() = nullptr;
+    /// The events of the class and the connections of an instance; nothing for a class without.
+    const EventInterfaceInfo* Events = nullptr;
+    EventConnections& (*EventsOf)(void*) = nullptr;
 
+    /// The number of a member: the row of its name's first, from 1; 0 when there is no member.
+    TORLIB_API std::int32_t NumberOf(std::u16string_view name) const;
     /// The row of a member by name (case-blind) and kind of use, or nullptr.
     TORLIB_API const Member* Find(std::u16string_view name, InvokeKind kind) const;
 };
@@ -82,6 +95,27 @@ struct CastPack<std::index_sequence<I...>, Args...> : CastSlot<I, Args>... {
     }
 };
 
+/// A row with the types of a member or an event.
+template <class Result, class... Args>
+constexpr Member DescribedRow(std::u16string_view name, std::u16string_view doc, MemberKind kind,
+                              std::initializer_list<Parameter> parameters, Member::Thunk call) {
+    static_assert(sizeof...(Args) <= MaxParameters);
+    Member row{name, doc, kind, sizeof...(Args), {}, {}, {}, call};
+    if (parameters.size() != sizeof...(Args)) {
+        throw "the row names another number of parameters than the member has";
+    }
+    std::size_t i = 0;
+    for (const Parameter& parameter : parameters) {
+        row.Parameters[i++] = parameter;
+    }
+    i = 0;
+    ((row.Types[i++] = TypeOf<Args>()), ...);
+    if constexpr (!std::is_void_v<Result>) {
+        row.Return = TypeOf<Result>();
+    }
+    return row;
+}
+
 template <auto Pointer, class Class, class Result, class... Args>
 struct Caller {
     static void Call(void* instance, std::span<const Variant> arguments,
@@ -99,21 +133,7 @@ struct Caller {
 
     static constexpr Member Row(std::u16string_view name, std::u16string_view doc, MemberKind kind,
                                 std::initializer_list<Parameter> parameters) {
-        static_assert(sizeof...(Args) <= MaxParameters);
-        Member row{name, doc, kind, sizeof...(Args), {}, {}, {}, &Call};
-        if (parameters.size() != sizeof...(Args)) {
-            throw "the row names another number of parameters than the member has";
-        }
-        std::size_t i = 0;
-        for (const Parameter& parameter : parameters) {
-            row.Parameters[i++] = parameter;
-        }
-        i = 0;
-        ((row.Types[i++] = TypeOf<Args>()), ...);
-        if constexpr (!std::is_void_v<Result>) {
-            row.Return = TypeOf<Result>();
-        }
-        return row;
+        return DescribedRow<Result, Args...>(name, doc, kind, parameters, &Call);
     }
 };
 
@@ -124,6 +144,16 @@ Caller<Pointer, const Class, Result, Args...> CallerOf(Result (Class::*)(Args...
 
 template <auto Pointer>
 using CallerFor = decltype(CallerOf<Pointer>(Pointer));
+
+template <class Signature>
+struct EventRow;
+template <class... Args>
+struct EventRow<void(Args...)> {
+    static constexpr Member Row(std::u16string_view name, std::u16string_view doc,
+                                std::initializer_list<Parameter> parameters) {
+        return DescribedRow<void, Args...>(name, doc, MemberKind::Method, parameters, nullptr);
+    }
+};
 
 /// Whether the function's own name, as the compiler spells it, ends with the published name; a
 /// whole name stands right behind its class.
@@ -176,6 +206,13 @@ consteval Member PropertyPut(std::u16string_view name, std::u16string_view doc,
     return table::NamedRow<Pointer>(name, doc, MemberKind::PropertyPut, parameters);
 }
 
+/// A row of an event interface: Event<void(Long)>(u"Moved", u"...", {u"Distance"}).
+template <class Signature>
+consteval Member Event(std::u16string_view name, std::u16string_view doc,
+                       std::initializer_list<Parameter> parameters = {}) {
+    return table::EventRow<Signature>::Row(name, doc, parameters);
+}
+
 /// Keeps the slot of a published member that has no code yet; calling it is an unknown member.
 consteval Member Reserved(std::u16string_view name) {
     Member row;
@@ -183,19 +220,36 @@ consteval Member Reserved(std::u16string_view name) {
     return row;
 }
 
-/// Puts a table together with the class's fixed identifiers.
+/// The event interface of a class, by the class's name; raises 438 when it has none.
+TORLIB_API const EventInterfaceInfo& EventInterfaceOf(std::u16string_view className);
+
+/// A class whose instances raise events: Events() hands out the connections of the instance.
+template <class Class>
+concept RaisesEvents = requires(Class& source) {
+    { source.Events() } -> std::convertible_to<EventConnections&>;
+};
+
+/// Puts a table together with the class's fixed identifiers and, when it raises events, with its
+/// event interface.
 template <class Class>
 ClassInfo DescribeClass(std::u16string_view name, std::u16string_view doc,
                         std::span<const Member> members) {
     const CatalogueEntry& entry = CatalogueEntryOf(name);
-    return {entry.Name,
-            doc,
-            entry.ClassId,
-            entry.InterfaceId,
-            members,
-            []() -> void* { return new Class; },
-            [](void* instance) { delete static_cast<Class*>(instance); },
-            []() -> void* { return &Class::DefaultInstance(); }};
+    ClassInfo info{entry.Name,
+                   doc,
+                   entry.ClassId,
+                   entry.InterfaceId,
+                   members,
+                   []() -> void* { return new Class; },
+                   [](void* instance) { delete static_cast<Class*>(instance); },
+                   []() -> void* { return &Class::DefaultInstance(); }};
+    if constexpr (RaisesEvents<Class>) {
+        info.Events = &EventInterfaceOf(name);
+        info.EventsOf = [](void* source) -> EventConnections& {
+            return static_cast<Class*>(source)->Events();
+        };
+    }
+    return info;
 }
 
 /// The one implicit default instance of a class.

@@ -1,6 +1,7 @@
 #include "torlib/frame/type_library.h"
 
 #include "torlib/frame/enumeration_table.h"
+#include "torlib/frame/event_table.h"
 #include "torlib/frame/record_table.h"
 
 #include <algorithm>
@@ -60,18 +61,9 @@ std::size_t MemberId(const ClassInfo& info, const Member& member) {
     return static_cast<std::size_t>(first - info.Members.begin()) + 1;
 }
 
-std::string MemberText(const ClassInfo& info, const Member& member) {
-    const auto slot = static_cast<std::size_t>(&member - info.Members.data()) + 1;
-    std::string text = Padded("  slot " + std::to_string(slot), 10) +
-                       Padded("id " + std::to_string(MemberId(info, member)), 7) +
-                       KindText(member.Kind) + " " + ToUtf8(member.Name);
-    if (member.Return.Type != ValueType::None) {
-        text += " As " + TypeText(member.Return);
-    }
-    text += "\n";
-    if (!member.Doc.empty()) {
-        text += "      \"" + ToUtf8(member.Doc) + "\"\n";
-    }
+/// The lines below a member or event: what it does and what it takes.
+std::string DetailsText(const Member& member) {
+    std::string text = member.Doc.empty() ? "" : "      \"" + ToUtf8(member.Doc) + "\"\n";
     for (std::size_t i = 0; i < member.Count; ++i) {
         const ParameterType& type = member.Types[i];
         text += "      " + Padded(DirectionText(type), 8) + ToUtf8(member.Parameters[i].Name) +
@@ -81,14 +73,25 @@ std::string MemberText(const ClassInfo& info, const Member& member) {
     return text;
 }
 
+std::string MemberText(const ClassInfo& info, const Member& member) {
+    const auto slot = static_cast<std::size_t>(&member - info.Members.data()) + 1;
+    std::string text = Padded("  slot " + std::to_string(slot), 10) +
+                       Padded("id " + std::to_string(MemberId(info, member)), 7) +
+                       KindText(member.Kind) + " " + ToUtf8(member.Name);
+    if (member.Return.Type != ValueType::None) {
+        text += " As " + TypeText(member.Return);
+    }
+    return text + "\n" + DetailsText(member);
+}
+
 std::string ClassText(const CatalogueEntry& entry, const ClassInfo* info) {
     const std::string name = ToUtf8(entry.Name);
     std::string text = "\nclass " + name + " " + ToUtf8(GuidText(entry.ClassId)) + "\n  progid " +
                        ToUtf8(LibraryName) + "." + name + ", creatable, application object\n" +
                        "  interface _" + name + " " + ToUtf8(GuidText(entry.InterfaceId)) +
                        ", dual\n";
-    if (entry.Name == u"ClsWaitMessage") {
-        text += "  events __ClsWaitMessage\n";
+    if (const EventInterfaceInfo* events = FindEventInterface(entry.Name)) {
+        text += "  events " + ToUtf8(events->Name) + "\n";
     }
     if (!info) {
         return text + "  without code in this build\n";
@@ -96,6 +99,17 @@ std::string ClassText(const CatalogueEntry& entry, const ClassInfo* info) {
     text += "  \"" + ToUtf8(info->Doc) + "\"\n";
     for (const Member& member : info->Members) {
         text += MemberText(*info, member);
+    }
+    return text;
+}
+
+std::string EventsText(const EventInterfaceInfo& events) {
+    std::string text =
+        "\nevents " + ToUtf8(events.Name) + " " + ToUtf8(GuidText(events.InterfaceId)) + "\n";
+    std::size_t id = 0;
+    for (const Member& event : events.Events) {
+        text +=
+            "  id " + std::to_string(++id) + " " + ToUtf8(event.Name) + "\n" + DetailsText(event);
     }
     return text;
 }
@@ -138,8 +152,9 @@ std::string TypeLibraryText(std::span<const ClassInfo* const> classes) {
                          [&entry](const ClassInfo* info) { return info->Name == entry.Name; });
         text += ClassText(entry, at == classes.end() ? nullptr : *at);
     }
-    text += "\nevents __ClsWaitMessage " + ToUtf8(GuidText(WaitMessageEventsId)) +
-            "\n  id 1 RunWaitMessage\n";
+    for (const EventInterfaceInfo& events : EventInterfaces()) {
+        text += EventsText(events);
+    }
     for (const EnumerationInfo& enumeration : Enumerations()) {
         text += EnumerationText(enumeration);
     }

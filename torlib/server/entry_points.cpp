@@ -45,10 +45,11 @@ void AddClass(const ClassInfo& info, const std::string& server,
     entries.push_back({"interface",
                        interfaceId,
                        {{"name", "_" + name}, {"typelib", library}, {"server", server}}});
-    if (info.Name == u"ClsWaitMessage") {
-        entries.push_back({"interface",
-                           ToUtf8(GuidText(WaitMessageEventsId)),
-                           {{"name", "__" + name}, {"typelib", library}, {"server", server}}});
+    if (info.Events) {
+        entries.push_back(
+            {"interface",
+             ToUtf8(GuidText(info.Events->InterfaceId)),
+             {{"name", ToUtf8(info.Events->Name)}, {"typelib", library}, {"server", server}}});
     }
 }
 

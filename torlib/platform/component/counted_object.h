@@ -16,8 +16,8 @@ class CountedObject : public Interface {
 
     Result QueryInterface(const Guid& interface, void** object) final {
         if (interface != IidUnknown && !Answers(interface)) {
-            *object = nullptr;
-            return Result::NoInterface;
+            *object = Companion(interface);
+            return *object ? Result::Ok : Result::NoInterface;
         }
         AddRef();
         *object = static_cast<Interface*>(this);
@@ -36,6 +36,9 @@ class CountedObject : public Interface {
     explicit CountedObject(std::uint32_t references) : references_(references) {}
     virtual ~CountedObject() = default;
     virtual bool Answers(const Guid& interface) const = 0;
+    /// An interface that another object answers for this one, with a reference of its own; nullptr
+    /// for none.
+    virtual void* Companion(const Guid& /*interface*/) { return nullptr; }
 
   private:
     std::atomic<std::uint32_t> references_;

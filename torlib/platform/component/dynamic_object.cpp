@@ -1,6 +1,7 @@
 #include "torlib/platform/component/dynamic_object.h"
 
 #include "torlib/platform/component/counted_object.h"
+#include "torlib/platform/component/event_point.h"
 #include "torlib/platform/component/nearest_names.h"
 
 #include <algorithm>
@@ -10,11 +11,56 @@ namespace torlib {
 
 namespace {
 
+/// What a property keeps of a value: nothing of the caller's, and of the property's type.
+Variant Kept(ValueType type, const Variant& given) {
+    switch (type) {
+        case ValueType::Integer:
+            return given.ToInteger();
+        case ValueType::Long:
+            return given.ToLong();
+        case ValueType::Single:
+            return given.ToSingle();
+        case ValueType::Double:
+            return given.ToDouble();
+        case ValueType::Boolean:
+            return given.ToBoolean();
+        case ValueType::String:
+            return given.ToText();
+        case ValueType::Object:
+            return given.ToObject();
+        default:
+            break;
+    }
+    Variant value = given.Dereferenced();
+    if (type != ValueType::Variant || value.IsReference()) {
+        RaiseError(ErrorNumber::TypeMismatch,
+                   "a property cannot keep " + value.KindName() + " of the caller's");
+    }
+    return value;
+}
+
 struct Slot {
+    explicit Slot(std::u16string_view named) : name(named) {}
+
     std::u16string name;
+    ValueType type = ValueType::Variant;
     Variant value;
+    Variant designed;
+    bool written = false;
     DynamicObject::Method method;
     DynamicObject::Watcher watcher;
+
+    void Write(const Variant& given) {
+        value = Kept(type, given);
+        written = true;
+        Tell();
+    }
+    void Tell() const {
+        if (watcher) {
+            const DynamicObject::Watcher told = watcher; // it may put another one in its place
+            told(value);
+        }
+    }
 };
 
 } // namespace
@@ -41,9 +87,14 @@ class DynamicObject::Body final : public CountedObject<Dispatch> {
         return Result::Exception;
     }
 
+    std::int32_t NumberOf(std::u16string_view member) override {
+        const auto at = Place(member);
+        return at == slots_.end() ? 0 : static_cast<std::int32_t>(at - slots_.begin()) + 1;
+    }
+
     Slot& Ensure(std::u16string_view name) {
         Slot* slot = Find(name);
-        return slot ? *slot : slots_.emplace_back(Slot{std::u16string(name), {}, {}, {}});
+        return slot ? *slot : slots_.emplace_back(name);
     }
 
     Slot& Require(std::u16string_view name) {
@@ -58,14 +109,39 @@ class DynamicObject::Body final : public CountedObject<Dispatch> {
                    name_ + " has no member " + ToUtf8(name) + Suggestion(ToUtf8(name), known));
     }
 
+    EventConnections& Events() { return events_; }
+
+    void Reset() {
+        std::vector<const Slot*> changed;
+        for (Slot& slot : slots_) {
+            if (std::exchange(slot.written, false)) {
+                slot.value = slot.designed;
+                changed.push_back(&slot);
+            }
+        }
+        for (const Slot* slot : changed) {
+            slot->Tell();
+        }
+    }
+
   protected:
     bool Answers(const Guid& interface) const override { return interface == IidDispatch; }
+    void* Companion(const Guid& interface) override {
+        if (interface != IidEventPoint) {
+            return nullptr;
+        }
+        events_.Point()->AddRef();
+        return events_.Point();
+    }
 
   private:
+    std::deque<Slot>::iterator Place(std::u16string_view name) {
+        return std::find_if(slots_.begin(), slots_.end(),
+                            [name](const Slot& slot) { return SameName(slot.name, name); });
+    }
+
     Slot* Find(std::u16string_view name) {
-        const auto at = std::find_if(slots_.begin(), slots_.end(), [name](const Slot& slot) {
-            return SameName(slot.name, name);
-        });
+        const auto at = Place(name);
         return at == slots_.end() ? nullptr : &*at;
     }
 
@@ -80,23 +156,29 @@ class DynamicObject::Body final : public CountedObject<Dispatch> {
             RaiseError(ErrorNumber::WrongArgumentCount, "a property takes no arguments");
         }
         if (put) {
-            slot.value = arguments[0].Value.Dereferenced();
-            if (slot.watcher) {
-                const Watcher watcher = slot.watcher;
-                watcher(slot.value);
-            }
+            slot.Write(arguments[0].Value);
         }
         return slot.value;
     }
 
     std::string name_;
     std::deque<Slot> slots_; // a watcher may define members while one is being written
+    EventConnections events_{IidDispatch};
 };
 
 DynamicObject::DynamicObject(std::string name) : body_(new Body(std::move(name))), object_(body_) {}
 
-DynamicObject& DynamicObject::Define(std::u16string_view property, Variant value) {
-    body_->Ensure(property).value = std::move(value);
+DynamicObject& DynamicObject::Define(std::u16string_view property, const Variant& value) {
+    return Define(property, ValueType::Variant, value);
+}
+
+DynamicObject& DynamicObject::Define(std::u16string_view property, ValueType type,
+                                     const Variant& value) {
+    const Variant designed = Kept(type, value);
+    Slot& slot = body_->Ensure(property);
+    slot.type = type;
+    slot.value = slot.designed = designed;
+    slot.written = false;
     return *this;
 }
 
@@ -108,6 +190,21 @@ DynamicObject& DynamicObject::DefineMethod(std::u16string_view name, Method meth
 DynamicObject& DynamicObject::OnPut(std::u16string_view property, Watcher watcher) {
     body_->Ensure(property).watcher = std::move(watcher);
     return *this;
+}
+
+DynamicObject& DynamicObject::DefineEvent(std::u16string_view event) {
+    body_->Events().Define(event);
+    return *this;
+}
+
+void DynamicObject::Raise(std::u16string_view event, const std::vector<Argument>& arguments) const {
+    const Object held = object_; // a handler may end this one
+    body_->Events().Raise(event, arguments);
+}
+
+void DynamicObject::Reset() const {
+    const Object held = object_;
+    body_->Reset();
 }
 
 Variant DynamicObject::Value(std::u16string_view property) const {

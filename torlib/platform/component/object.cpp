@@ -24,14 +24,19 @@ Variant Object::Invoke(std::u16string_view member) const {
     return Invoke(member, {});
 }
 
+bool Object::Offers(std::u16string_view member) const {
+    return dispatch_ && dispatch_->NumberOf(member) != 0;
+}
+
 Variant Object::Run(std::u16string_view member, InvokeKind kind,
                     std::vector<Argument>& arguments) const {
     if (!dispatch_) {
         RaiseError(ErrorNumber::ObjectNotSet, "there is no object to ask for " + ToUtf8(member));
     }
+    const Object held(*this); // the member may end this reference
     Variant result;
     ErrorRecord error;
-    const Result code = dispatch_->Invoke(member, kind, arguments, &result, &error);
+    const Result code = held.dispatch_->Invoke(member, kind, arguments, &result, &error);
     if (code != Result::Ok) {
         throw RunTimeError(static_cast<ErrorNumber>(error.Number), error.Member, error.Description);
     }

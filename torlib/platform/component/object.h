@@ -57,6 +57,8 @@ class TORLIB_API Object {
     /// Calls a method or reads a property, with positional and named arguments.
     Variant Invoke(std::u16string_view member, std::vector<Argument> arguments) const;
     Variant Invoke(std::u16string_view member) const;
+    /// Whether the object has a member of this name; no object has none.
+    bool Offers(std::u16string_view member) const;
 
   private:
     Variant Run(std::u16string_view member, InvokeKind kind,

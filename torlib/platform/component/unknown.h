@@ -75,6 +75,9 @@ class Dispatch : public Unknown {
     /// are written back, also when the call fails.
     virtual Result Invoke(std::u16string_view member, InvokeKind kind,
                           std::span<Argument> arguments, Variant* result, ErrorRecord* error) = 0;
+    /// The number of a member by its name, case-blind: from 1, and the same as long as the object
+    /// lives; 0 when the object has no such member.
+    virtual std::int32_t NumberOf(std::u16string_view member) = 0;
 
   protected:
     ~Dispatch() = default;

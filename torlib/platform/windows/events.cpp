@@ -1,7 +1,12 @@
 #include "torlib/platform/windows/events.h"
 
-#include <cstdint>
+#include <algorithm>
+#include <atomic>
 #include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
 
 namespace torlib {
 
@@ -12,9 +17,21 @@ struct PostedEvent {
     std::function<void()> Action;
 };
 
+struct EventSource {
+    EventSourceToken Token;
+    std::function<void()> Bring;
+    std::atomic<bool> Removed{false};
+};
+using EventSources = std::vector<std::shared_ptr<EventSource>>;
+
+/// Actions and sources run and die outside the guard, since they may come back here.
 struct EventQueue {
+    std::mutex Guard;
     std::deque<PostedEvent> Pending;
     std::uint64_t Posted = 0;
+    // Replaced and never changed, so that a poll walks over it without the guard.
+    std::shared_ptr<const EventSources> Sources = std::make_shared<EventSources>();
+    EventSourceToken LastToken = 0;
 };
 
 EventQueue& Queue() {
@@ -22,32 +39,105 @@ EventQueue& Queue() {
     return queue;
 }
 
-std::function<void()>& Source() {
-    static std::function<void()> source;
-    return source;
+/// Sources and pending events together: a poll that finds none looks no further.
+constinit std::atomic<std::size_t> work_at_hand{0};
+/// The thread whose polls count; none while any does.
+constinit std::atomic<const void*> polling_thread{nullptr};
+
+/// A place that no other living thread has.
+const void* ThisThread() {
+    static thread_local char place = 0;
+    return &place;
+}
+
+bool PollsHere() {
+    const void* const chosen = polling_thread.load(std::memory_order_relaxed);
+    return chosen == nullptr || chosen == ThisThread();
+}
+
+std::shared_ptr<const EventSources> CurrentSources() {
+    const std::lock_guard lock(Queue().Guard);
+    return Queue().Sources;
+}
+
+std::uint64_t LastPosted() {
+    const std::lock_guard lock(Queue().Guard);
+    return Queue().Posted;
+}
+
+/// The oldest event, unless it was posted after the one of this number.
+std::optional<PostedEvent> TakeEvent(std::uint64_t last) {
+    EventQueue& queue = Queue();
+    const std::lock_guard lock(queue.Guard);
+    if (queue.Pending.empty() || queue.Pending.front().Number > last) {
+        return std::nullopt;
+    }
+    std::optional<PostedEvent> event(std::move(queue.Pending.front()));
+    queue.Pending.pop_front();
+    --work_at_hand;
+    return event;
 }
 
 } // namespace
 
 void PostEvent(std::function<void()> event) {
-    Queue().Pending.push_back({++Queue().Posted, std::move(event)});
+    EventQueue& queue = Queue();
+    const std::lock_guard lock(queue.Guard);
+    queue.Pending.push_back({++queue.Posted, std::move(event)});
+    ++work_at_hand;
 }
 
-void SetEventSource(std::function<void()> source) {
-    Source() = std::move(source);
+EventSourceToken AddEventSource(std::function<void()> source) {
+    auto added = std::make_shared<EventSource>();
+    added->Bring = std::move(source);
+    EventQueue& queue = Queue();
+    const std::lock_guard lock(queue.Guard);
+    auto sources = std::make_shared<EventSources>(*queue.Sources);
+    added->Token = ++queue.LastToken;
+    sources->push_back(added);
+    queue.Sources = std::move(sources);
+    ++work_at_hand;
+    return added->Token;
+}
+
+bool RemoveEventSource(EventSourceToken token) {
+    EventQueue& queue = Queue();
+    std::shared_ptr<const EventSources> old; // dies behind the guard
+    const std::lock_guard lock(queue.Guard);
+    const auto at = std::find_if(queue.Sources->begin(), queue.Sources->end(),
+                                 [token](const auto& source) { return source->Token == token; });
+    if (at == queue.Sources->end()) {
+        return false;
+    }
+    (*at)->Removed = true;
+    auto sources = std::make_shared<EventSources>();
+    std::copy_if(queue.Sources->begin(), queue.Sources->end(), std::back_inserter(*sources),
+                 [&at](const auto& source) { return source != *at; });
+    old = std::exchange(queue.Sources, std::move(sources));
+    --work_at_hand;
+    return true;
 }
 
 void DoEvents() {
-    if (Source()) {
-        Source()();
+    if (work_at_hand.load(std::memory_order_relaxed) == 0 || !PollsHere()) {
+        return;
     }
-    auto& pending = Queue().Pending;
-    const std::uint64_t last = Queue().Posted;
-    while (!pending.empty() && pending.front().Number <= last) {
-        const std::function<void()> action = std::move(pending.front().Action);
-        pending.pop_front();
-        action();
+    const std::shared_ptr<const EventSources> sources = CurrentSources();
+    for (const auto& source : *sources) {
+        if (!source->Removed) {
+            source->Bring();
+        }
     }
+    const std::uint64_t last = LastPosted();
+    while (const std::optional<PostedEvent> event = TakeEvent(last)) {
+        event->Action();
+    }
+}
+
+UserInterfaceThread::UserInterfaceThread() : before_(polling_thread.exchange(ThisThread())) {}
+
+UserInterfaceThread::~UserInterfaceThread() {
+    polling_thread = before_;
 }
 
 MousePointer& ScreenMousePointer() {
@@ -56,7 +146,12 @@ MousePointer& ScreenMousePointer() {
 }
 
 void UnloadForm(const Object& form) {
-    form.Invoke(u"Unload");
+    if (!form) {
+        RaiseError(ErrorNumber::ObjectNotSet, "there is no form to unload");
+    }
+    if (form.Offers(u"Unload")) {
+        form.Invoke(u"Unload");
+    }
 }
 
 } // namespace torlib
