@@ -39,8 +39,9 @@ EventQueue& Queue() {
     return queue;
 }
 
-/// Sources and pending events together: a poll that finds none looks no further.
-constinit std::atomic<std::size_t> work_at_hand{0};
+// What a poll looks at before it takes the guard.
+constinit std::atomic<std::size_t> source_count{0};
+constinit std::atomic<std::size_t> pending_count{0};
 /// The thread whose polls count; none while any does.
 constinit std::atomic<const void*> polling_thread{nullptr};
 
@@ -74,8 +75,24 @@ std::optional<PostedEvent> TakeEvent(std::uint64_t last) {
     }
     std::optional<PostedEvent> event(std::move(queue.Pending.front()));
     queue.Pending.pop_front();
-    --work_at_hand;
+    --pending_count;
     return event;
+}
+
+void CallSources() {
+    const std::shared_ptr<const EventSources> sources = CurrentSources();
+    for (const auto& source : *sources) {
+        if (!source->Removed) {
+            source->Bring();
+        }
+    }
+}
+
+void RunPending() {
+    const std::uint64_t last = LastPosted();
+    while (const std::optional<PostedEvent> event = TakeEvent(last)) {
+        event->Action();
+    }
 }
 
 } // namespace
@@ -84,7 +101,7 @@ void PostEvent(std::function<void()> event) {
     EventQueue& queue = Queue();
     const std::lock_guard lock(queue.Guard);
     queue.Pending.push_back({++queue.Posted, std::move(event)});
-    ++work_at_hand;
+    ++pending_count;
 }
 
 EventSourceToken AddEventSource(std::function<void()> source) {
@@ -96,7 +113,7 @@ EventSourceToken AddEventSource(std::function<void()> source) {
     added->Token = ++queue.LastToken;
     sources->push_back(added);
     queue.Sources = std::move(sources);
-    ++work_at_hand;
+    ++source_count;
     return added->Token;
 }
 
@@ -114,23 +131,19 @@ bool RemoveEventSource(EventSourceToken token) {
     std::copy_if(queue.Sources->begin(), queue.Sources->end(), std::back_inserter(*sources),
                  [&at](const auto& source) { return source != *at; });
     old = std::exchange(queue.Sources, std::move(sources));
-    --work_at_hand;
+    --source_count;
     return true;
 }
 
 void DoEvents() {
-    if (work_at_hand.load(std::memory_order_relaxed) == 0 || !PollsHere()) {
-        return;
+    const auto any = [](const std::atomic<std::size_t>& count) {
+        return count.load(std::memory_order_relaxed) != 0;
+    };
+    if (any(source_count) && PollsHere()) {
+        CallSources();
     }
-    const std::shared_ptr<const EventSources> sources = CurrentSources();
-    for (const auto& source : *sources) {
-        if (!source->Removed) {
-            source->Bring();
-        }
-    }
-    const std::uint64_t last = LastPosted();
-    while (const std::optional<PostedEvent> event = TakeEvent(last)) {
-        event->Action();
+    if (any(pending_count) && PollsHere()) {
+        RunPending();
     }
 }
 

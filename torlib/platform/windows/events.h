@@ -37,7 +37,7 @@ TORLIB_API bool RemoveEventSource(EventSourceToken token);
 /// Yields to the pending events: calls the sources, then runs the events that were posted before,
 /// oldest first. Events may post others (they wait for the next call) and may call DoEvents
 /// themselves. An exception of an event passes to the caller; the events behind it stay pending.
-/// Costs one relaxed atomic load while there are no sources and no events.
+/// Costs two relaxed atomic loads while there are no sources and no events.
 TORLIB_API void DoEvents();
 
 /// While it lives, only the thread that made it runs events and sources. When it dies, what was
