@@ -72,14 +72,31 @@ TEST(Text, NumbersAreReadWholeAndWrittenShortest) {
     const struct {
         const char16_t* text;
         double value;
-    } good[] = {{u"12.5", 12.5}, {u" -3e-2\t", -0.03}, {u"+7", 7}, {u".5", 0.5}, {u"-0", 0}};
+    } good[] = {{u"12.5", 12.5},
+                {u" -3e-2\t", -0.03},
+                {u"+7", 7},
+                {u".5", 0.5},
+                {u"-0", 0},
+                {u"1e-400", 0},
+                {u"-1E-99999999999999999999", 0},
+                {u"0e99999999999999999999", 0}};
     for (const auto& c : good) {
         EXPECT_EQ(ParseNumber(c.text), c.value) << ToUtf8(c.text);
     }
     for (const char16_t* bad : {u"", u"F", u"1,5", u"1 2", u"12x", u"+-5", u"+", u"nan", u"inf"}) {
         EXPECT_EQ(test::ErrorOf([bad] { ParseNumber(bad); }), 13) << ToUtf8(bad);
     }
-    EXPECT_EQ(test::ErrorOf([] { ParseNumber(u"1e999"); }), 6);
+    for (const char16_t* bad : {u"1e400x", u"1e-400x", u"1e400 1", u"-", u"1e"}) {
+        EXPECT_EQ(test::ErrorOf([bad] { ParseNumber(bad); }), 13) << ToUtf8(bad);
+    }
+    for (const char16_t* large : {u"1e999", u"-1E+400", u"1e99999999999999999999", u"0.1e310"}) {
+        EXPECT_EQ(test::ErrorOf([large] { ParseNumber(large); }), 6) << ToUtf8(large);
+    }
+    const std::u16string zeros(400, u'0'); // the digits themselves may be what is out of range
+    EXPECT_EQ(test::ErrorOf([&] { ParseNumber(u"1" + zeros); }), 6);
+    EXPECT_EQ(test::ErrorOf([&] { ParseNumber(u"1" + zeros + u".5e-10"); }), 6);
+    EXPECT_EQ(ParseNumber(u"0." + zeros + u"1e+20"), 0);
+    EXPECT_EQ(ParseNumber(u"0." + zeros + u"1e401"), 1);
     for (const float value : {0.1F, 1.0F / 3, 16777216.0F, -2.5e-38F, 3.4028235e38F}) {
         EXPECT_EQ(static_cast<float>(ParseNumber(NumberText(value))), value);
     }

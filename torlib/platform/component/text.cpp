@@ -1,5 +1,6 @@
 #include "torlib/platform/component/variant.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
@@ -55,6 +56,24 @@ double RoundHalfEven(double value) {
     const double below = std::floor(value);
     const double rest = value - below;
     return rest < 0.5 || (rest == 0.5 && std::fmod(below, 2) == 0) ? below : below + 1;
+}
+
+/// Whether a decimal number that no double holds is nearer to zero than to the largest of them.
+bool IsSmall(std::string_view number) {
+    const auto mark = number.find_first_of("eE");
+    const std::string_view digits = number.substr(0, mark);
+    const auto first = static_cast<long long>(digits.find_first_of("123456789"));
+    const auto point = static_cast<long long>(std::min(digits.find('.'), digits.size()));
+    long long exponent = 0;
+    if (mark != std::string_view::npos) {
+        std::string_view power = number.substr(mark + 1);
+        power.remove_prefix(power.front() == '+' ? 1 : 0);
+        const auto read = std::from_chars(power.data(), power.data() + power.size(), exponent);
+        if (read.ec == std::errc::result_out_of_range) {
+            return power.front() == '-';
+        }
+    }
+    return exponent < first - point; // the first digit's own power of ten is below zero
 }
 
 template <class T>
@@ -132,11 +151,15 @@ double ParseNumber(std::u16string_view text) {
     }
     double value = 0;
     const auto [stop, failure] = std::from_chars(begin, end, value);
-    if (failure == std::errc::result_out_of_range) {
-        RaiseError(ErrorNumber::Overflow, "the number \"" + ToUtf8(text) + "\" is too large");
-    }
-    if (failure != std::errc() || stop != end || !std::isfinite(value)) {
+    const bool outOfRange = failure == std::errc::result_out_of_range;
+    if ((failure != std::errc() && !outOfRange) || stop != end || !std::isfinite(value)) {
         RaiseError(ErrorNumber::TypeMismatch, "\"" + ToUtf8(text) + "\" is not a number");
+    }
+    if (outOfRange && IsSmall({begin, end})) {
+        return 0;
+    }
+    if (outOfRange) {
+        RaiseError(ErrorNumber::Overflow, "the number \"" + ToUtf8(text) + "\" is too large");
     }
     return value;
 }

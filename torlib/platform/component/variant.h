@@ -127,7 +127,7 @@ TORLIB_API std::int32_t RoundToInt32(double value);
 TORLIB_API std::u16string NumberText(float value);
 TORLIB_API std::u16string NumberText(double value);
 /// Reads a whole text as a number, with a point as decimal separator and blanks around it allowed;
-/// anything else raises 13.
+/// what is too small for a double is 0, what is too large raises 6, anything else 13.
 TORLIB_API double ParseNumber(std::u16string_view text);
 
 } // namespace torlib
