@@ -175,6 +175,40 @@ TEST(BeamPieces, AreTheSameForAnyOrderAndDirectionOfTheMeshLines) {
     }
 }
 
+// Lengths that add up to the beam's are not enough: lines that are doubled or overlap and leave a
+// gap, or have no length, make no beam, and no line of node 0.
+TEST(BeamPieces, WithoutAChainAreLeftOut) {
+    const auto nodes = ArrayFromOne<Single>({0, 2, 4, 6, 8, 10}),
+               zero = Array<Single>(Bounds{1, 6});
+    const struct {
+        std::vector<Line> Lines;
+        int NME;
+    } cases[] = {{{{1, 4}, {4, 6}}, 1},
+                 {{{1, 2}, {2, 3}, {1, 3}, {5, 6}}, 0}, // 2 + 2 + 4 + 2
+                 {{{1, 3}, {3, 1}, {5, 6}}, 0},         // 4 + 4 + 2
+                 {{{1, 4}, {3, 5}}, 0},                 // 6 + 4
+                 {{{1, 3}, {3, 3}, {3, 6}}, 0}};        // 4 + 0 + 6
+    for (const bool vertical : {false, true}) {
+        for (const auto& [lines, listed] : cases) {
+            Array<Integer> IME, KME, LT1, LT2, MTy, Mp1 = Column(lines, 0), Mp2 = Column(lines, 1);
+            Integer NME, NM = lines.size();
+            geometry.Sortingbeamelements(NME, IME, KME, LT1, LT2, 6, vertical ? zero : nodes,
+                                         vertical ? nodes : zero, 1, 1, ArrayFromOne<Integer>({1}),
+                                         ArrayFromOne<Integer>({6}), ArrayFromOne<Integer>({7}), NM,
+                                         Mp1, Mp2, MTy);
+            // Only on a vertical beam does a line without length have two points.
+            const bool pointAlone = lines.size() == 3 && lines[1][0] == lines[1][1];
+            const int expected = pointAlone && !vertical ? 1 : listed;
+            EXPECT_EQ(NME, expected);
+            EXPECT_EQ(NM, 2 * expected);
+            EXPECT_EQ(IME.Dimensions(), expected) << "lists without a row stay as they are";
+            for (int k : Range(1, NM)) {
+                EXPECT_TRUE(Mp1(k) > 0 && Mp2(k) > 0);
+            }
+        }
+    }
+}
+
 // The first mesh line starts near the beam's start, the second where the first ends, or near it.
 TEST(BeamPieces, MeetWithinTheTolerance) {
     for (const int second : {4, 5}) {

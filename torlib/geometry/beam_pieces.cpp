@@ -65,19 +65,18 @@ struct Pieces {
         return {};
     }
 
-    /// Writes the pieces into a row of the lists of end nodes, along the beam P-Q.
-    void WriteRow(const Point& P, const Point& Q, const Mesh& mesh, int row, Array<Integer>& LT1,
-                  Array<Integer>& LT2) {
+    /// The pieces that follow one another along the beam P-Q; fewer than there are when some
+    /// overlap and leave a gap, however well their lengths add up.
+    std::vector<Piece> Chain(const Point& P, const Point& Q, const Mesh& mesh) {
         Append(P); // a first node near the start is a point after it
         Geometry_Class::DefaultInstance().SortingLine(N, XL, YL, P.x, P.Y, Q.x, Q.Y);
-        int column = 0;
+        std::vector<Piece> chain;
         for (int k : Range(1, N - 1)) {
             if (const auto piece = After(k, mesh)) {
-                ++column;
-                LT1(row, column) = piece->From;
-                LT2(row, column) = piece->To;
+                chain.push_back(*piece);
             }
         }
+        return chain;
     }
 };
 
@@ -104,8 +103,9 @@ Pieces FindPieces(const Point& P, const Point& Q, const Mesh& mesh) {
     return pieces;
 }
 
-/// Gives a list of rows one more, the last, and room for so many columns; the rows before it stay.
-void AddRow(Array<Integer>& list, int rows, int columns) {
+/// Gives a list of rows one more, the last, with one end of each piece; the rows before it stay.
+void AddRow(Array<Integer>& list, int rows, const std::vector<Piece>& chain, Integer Piece::*end) {
+    const int columns = static_cast<int>(chain.size());
     const int before = rows > 1 ? list.UBound(2) : 0;
     Array<Integer> wider;
     wider.ReDim(rows, std::max(columns, before));
@@ -113,6 +113,9 @@ void AddRow(Array<Integer>& list, int rows, int columns) {
         for (int j : Range(1, before)) {
             wider(r, j) = list(r, j);
         }
+    }
+    for (int j : Range(1, columns)) {
+        wider(rows, j) = chain[static_cast<std::size_t>(j - 1)].*end;
     }
     list = std::move(wider);
 }
@@ -143,14 +146,17 @@ void Geometry_Class::Sortingbeamelements(Integer& NME, Array<Integer>& IME, Arra
         if (Abs(pieces.S - L) >= tolerance || count < 2) {
             continue;
         }
+        const std::vector<Piece> chain = pieces.Chain(P, Q, mesh);
+        if (chain.size() != pieces.List.size()) {
+            continue;
+        }
         NME = NME + 1;
         IME.ReDimPreserve(NME);
         KME.ReDimPreserve(NME);
         IME(NME) = e;
         KME(NME) = count;
-        AddRow(LT1, NME, count);
-        AddRow(LT2, NME, count);
-        pieces.WriteRow(P, Q, mesh, NME, LT1, LT2);
+        AddRow(LT1, NME, chain, &Piece::From);
+        AddRow(LT2, NME, chain, &Piece::To);
     }
 
     NM = 0;

@@ -129,19 +129,19 @@ class TORLIB_API Geometry_Class {
 
     /// Finds the mesh lines that make up each beam element, and lists them anew beam by beam.
     ///
-    /// `NME` [out] number of listed beams, those of at least two mesh lines that together are as
-    /// long as the beam to 0.001. `IME`, `KME(1..NME)` [out] number of the beam and of its pieces,
-    /// resized to 0..NME. `LT1`, `LT2(1..NME, 1..KME)` [out] end nodes of each piece, resized to
-    /// 0..NME, 0..largest KME; pieces run in the beam's direction, LT1 nearer its start. `Nk`
-    /// number of nodes. `XGriD`, `YGriD(1..Nk)` node coordinates. `NE` number of beams. `NT` number
-    /// of types. `Np1`, `Np2`, `NTy(1..NE)` end nodes and type of each beam. `NM` [in/out] number
-    /// of mesh lines. `Mp1`, `Mp2`, `MTy(1..NM)` [in/out] their end nodes and types: on return the
-    /// pieces of the listed beams, row by row, with the type of their beam, resized to 0..NM.
-    /// Mesh lines must have a length and not overlap: a piece without neighbours leaves its place
-    /// in LT1 and LT2 zero. Lists of which there is no row stay as they are. Errors: 6 for an
-    /// overflow, also of NM; 9 for a count or a node number beyond the arrays. Deviations: `Nk` and
-    /// `NT` are not read, the arrays carry their sizes; mesh lines are judged by `DefiningPoint`,
-    /// so coordinates should be on a common grid.
+    /// `NME` [out] number of listed beams, those of at least two mesh lines that follow one another
+    /// and together are as long as the beam to 0.001. `IME`, `KME(1..NME)` [out] number of the beam
+    /// and of its pieces, resized to 0..NME. `LT1`, `LT2(1..NME, 1..KME)` [out] end nodes of each
+    /// piece, resized to 0..NME, 0..largest KME; pieces run in the beam's direction, LT1 nearer its
+    /// start. `Nk` number of nodes. `XGriD`, `YGriD(1..Nk)` node coordinates. `NE` number of beams.
+    /// `NT` number of types. `Np1`, `Np2`, `NTy(1..NE)` end nodes and type of each beam. `NM`
+    /// [in/out] number of mesh lines. `Mp1`, `Mp2`, `MTy(1..NM)` [in/out] their end nodes and
+    /// types: on return the pieces of the listed beams, row by row, with the type of their beam,
+    /// resized to 0..NM. A beam whose mesh lines are doubled, overlap or have no length is left
+    /// out, also when their lengths add up. Lists of which there is no row stay as they are.
+    /// Errors: 6 for an overflow, also of NM; 9 for a count or a node number beyond the arrays.
+    /// Deviations: `Nk` and `NT` are not read, the arrays carry their sizes; mesh lines are judged
+    /// by `DefiningPoint`, so coordinates should be on a common grid.
     void Sortingbeamelements(Integer& NME, Array<Integer>& IME, Array<Integer>& KME,
                              Array<Integer>& LT1, Array<Integer>& LT2, const Integer& Nk,
                              const Array<Single>& XGriD, const Array<Single>& YGriD,
