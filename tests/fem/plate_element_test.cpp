@@ -269,6 +269,15 @@ TEST(PlateElementDispatch, Failures) {
     for (const auto& [a, b, nu] : {std::array{0, 2, 0}, {2, 0, 0}, {2, 1, 1}}) {
         EXPECT_EQ(rectangle(a, b, nu), 11);
     }
+    // The coefficients are in the upper triangle before they are multiplied, and all of them are
+    // multiplied before the lower triangle follows: 142.5 = (42 - 12 + 240 + 15) / 2.
+    EXPECT_EQ(SK(1, 1), 142.5);
+    EXPECT_EQ(SK(2, 5), 5);
+    EXPECT_EQ(SK(5, 2), 0);
+    EXPECT_EQ(ErrorOf([&] { fem.SetRecElementStiffness(SK, 1E38, 2, 0, 2, 1); }), 6);
+    EXPECT_EQ(SK(1, 1), 148.5) << "the first product is too large";
+    EXPECT_EQ(SK(12, 12), 42);
+    EXPECT_EQ(SK(2, 1), 0);
     BE.ReDim(9);
     fem.SetTriElementLoadVector(BE, 5, line, line);
     EXPECT_EQ(BE(4).Value(), 0);
@@ -277,6 +286,16 @@ TEST(PlateElementDispatch, Failures) {
     EXPECT_EQ(rectangle(2, 1, 0), 9);
     EXPECT_EQ(ErrorOf([&] { fem.SetRecElementLoadVector(BE, 1, 2, 1); }), 9);
     EXPECT_EQ(ErrorOf([&] { fem.SetElementStiffnessMatrix(SK, 1, 0, 0, 4, line, line); }), 9);
+    EXPECT_EQ(SK.UBound(), 12) << "re-dimensioned before the error";
+    for (const int nodes : {342, 10000}) {
+        EXPECT_EQ(ErrorOf([&] { fem.SetElementStiffnessMatrix(SK, 1, 1, 0, nodes, line, line); }),
+                  9);
+        EXPECT_EQ(SK.UBound(), 12) << "a count alone takes no memory";
+    }
+    EXPECT_EQ(ErrorOf([&] { fem.SetElementStiffnessMatrix(SK, 1, 1, 0, 10923, line, line); }), 6);
+    const Array<Single> many(Bounds{1, 342});
+    fem.SetElementStiffnessMatrix(SK, 1, 1, 0, 342, many, many);
+    EXPECT_EQ(SK.UBound(), 1026);
 }
 
 } // namespace

@@ -85,6 +85,23 @@ TEST(Products, ReDimensionTheirOutputFromZero) {
     EXPECT_EQ(C(1, 2).Value(), 10); // written before the error
 }
 
+// Sizes that no input reaches cost no memory: 32767 would take 4 GB.
+TEST(Products, ACountAloneTakesNoMemory) {
+    const auto A = MatrixOf(2, 2, {1, 2, 3, 4});
+    const Array<Single> wide(Bounds{1, 1024}, Bounds{1, 1024});
+    auto C = MatrixOf(1, 1, {9});
+    for (const int N : {1024, 32767}) {
+        EXPECT_EQ(ErrorOf([&] { math.ProductTwoEqualMatrices(N, A, A, C); }), 9);
+        EXPECT_EQ(ErrorOf([&] { math.ProductTwoEqualMatrices(N, wide, A, C); }), 9);
+        EXPECT_EQ(ErrorOf([&] { math.InverseMatrix(N, A, C); }), 9);
+        EXPECT_EQ(C.Size(), 1U);
+        EXPECT_EQ(C(1, 1).Value(), 9);
+    }
+    EXPECT_EQ(ErrorOf([&] { math.ProductTwoEqualMatrices(3, A, A, C); }), 9);
+    EXPECT_EQ(C.Size(), 16U) << "a small output is made before the inputs are read";
+    EXPECT_EQ(C(1, 1).Value(), 7) << "and keeps what was written";
+}
+
 TEST(Products, CounterAndValueOverflow) {
     Vector W(Bounds{1, 32767});
     Vector U(Bounds{1, 32767});

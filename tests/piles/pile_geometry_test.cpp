@@ -163,8 +163,18 @@ TEST(ContributionFactors, OnSymmetryLines) {
                                {0.005, 0, 2},      {1.005, 1, 2},      {-0.01, 0.01, 1},
                                {0.00501, 0.01, 2}, {3E38, 2.9E38, 1}};
     for (const auto& [a, b, factor] : texts) {
-        geometry.ContributedFactor(Y_Symmetric, 1, Cf, a, 0, R({b}), {});
+        geometry.ContributedFactor(Y_Symmetric, 1, Cf, a, 0, R({b}), R({7}));
         EXPECT_EQ(Cf(1).Value(), factor) << a << " " << b;
+    }
+    for (const auto& of : cases) {
+        const auto error = [&](const Reals& x, const Reals& y) {
+            return test::ErrorOf([&] { geometry.ContributedFactor(of.first, 2, Cf, 5, 3, x, y); });
+        };
+        EXPECT_EQ(error(R({0}), R({0, 0})), 9) << static_cast<int>(of.first);
+        EXPECT_EQ(error(R({0, 0}), R({0})), 9) << static_cast<int>(of.first);
+        EXPECT_EQ(Cf.UBound(), 2);
+        EXPECT_EQ(error(R({5, 0}), R({3})), 9);
+        EXPECT_EQ(Cf(1).Value(), of.second.back()) << "written before the error";
     }
 }
 
@@ -173,6 +183,13 @@ TEST(ContributionFactors, NodesInheritFromTheFirstPileAtTheirPlace) {
     geometry.GlobalContributedFactor(3, 5, R({1, 1, 0, 0, std::nextafterf(1, 2)}),
                                      R({1, 1, 1, 0, 1}), R({1, 0, 1}), R({1, 1, 1}), Cf);
     ExpectValues(Cf, {4, 4, 2, 1, 1});
+    geometry.GlobalContributedFactor(0, 3, {}, {}, {}, {}, Cf); // no pile, no coordinate
+    ExpectValues(Cf, {1, 1, 1});
+    EXPECT_EQ(test::ErrorOf([&] {
+                  geometry.GlobalContributedFactor(1, 2, R({1}), R({1, 2}), R({1}), R({1}), Cf);
+              }),
+              9);
+    ExpectValues(Cf, {1, 1, 1});
 }
 
 TEST(ComposedCoefficients, SumsAreKeptIn32Bits) {
@@ -184,6 +201,19 @@ TEST(ComposedCoefficients, SumsAreKeptIn32Bits) {
     EXPECT_EQ(Gk(1, 1).Value(), 16777216);
     EXPECT_EQ(Gk(2, 1).Value(), 1);
     EXPECT_EQ(test::ErrorOf([&] { geometry.ComposedCoefficients(2, kij, Gk, N({2, 2})); }), 9);
+    // A count alone takes no memory: 1024 groups need their lists, and a matrix for their nodes.
+    Array<Integer> groups(Bounds{1, 1024});
+    const auto error = [&](int Nk) {
+        return test::ErrorOf([&] { geometry.ComposedCoefficients(Nk, kij, Gk, groups); });
+    };
+    EXPECT_EQ(error(32767), 9);
+    groups(1) = groups(1024) = 2;
+    EXPECT_EQ(error(1024), 9);
+    EXPECT_EQ(Gk.UBound(), 2);
+    groups(1024) = -5; // a group without nodes
+    groups(1) = 3;
+    EXPECT_EQ(error(1024), 0);
+    EXPECT_EQ(Gk(1, 1).Value(), 16777216);
 }
 
 /// Settlement, and loads of corner, side and centre, of nine piles under a rigid cap, over those of

@@ -107,7 +107,8 @@ class TORLIB_API FEM_Class {
     /// smallest x and y. Result: symmetric, node by node (w, dw/dx, dw/dy); all zero when e or T is
     /// not positive or NNode is neither 3 nor 4. Errors: 6 or 11 for an element without area; 9 for
     /// coordinates outside the arrays. Deviations: of a rectangle only XE(1), XE(2), YE(1) and
-    /// YE(4) count.
+    /// YE(4) count; XE and YE that do not cover NNode fail only from 342 nodes on, with SK as
+    /// before, so that a count alone takes no memory.
     void SetElementStiffnessMatrix(Array<Single>& SK, Single e, Single T, Single bnu,
                                    const Integer& NNode, const Array<Single>& XE,
                                    const Array<Single>& YE) const;
@@ -117,11 +118,11 @@ class TORLIB_API FEM_Class {
     /// `SK(1..12, 1..12)` [out]. `e` modulus of elasticity. `T` thickness. `bnu` Poisson's ratio.
     /// `A`, `B` sides along x and y.
     /// Result: symmetric, node by node (w, dw/dx, dw/dy), nodes counter-clockwise from the corner
-    /// of smallest x and y. Errors: 6 or 11 for a side of length zero or bnu = +-1; 9 when SK is
-    /// too small. Source: Adini and Clough (1961), Analysis of Plate Bending by the Finite Element
-    /// Method; Melosh (1963), AIAA Journal 1, 1631-1637; Zienkiewicz and Taylor (2000), The Finite
-    /// Element Method, vol. 2, section 4.3. Deviations: the coefficients of the closed form are
-    /// rounded to 32 bits one by one.
+    /// of smallest x and y. Errors: 6 or 11 for a side of length zero, or for bnu = +-1 with the
+    /// coefficients in the upper triangle; 9 when SK is too small. Source: Adini and Clough (1961),
+    /// Analysis of Plate Bending by the Finite Element Method; Melosh (1963), AIAA Journal 1,
+    /// 1631-1637; Zienkiewicz and Taylor (2000), The Finite Element Method, vol. 2, section 4.3.
+    /// Deviations: the coefficients of the closed form are rounded to 32 bits one by one.
     void SetRecElementStiffness(Array<Single>& SK, Single e, Single T, Single bnu, Single A,
                                 Single B) const;
 
@@ -300,7 +301,8 @@ class TORLIB_API FEM_Class {
     /// beams. `QL(1..NEGrid)` line loads, positive along w. `Q`, `A` [in/out] load vector and band
     /// matrix. `FrmShow`, `PrograssBarMode`, `ObjStbar` as for SolveMatrix, one step a beam.
     /// Result: false when all beams are added; true when cancelled, or after an error. Errors are
-    /// not raised but reported through the utility service; beams that were added before stay.
+    /// not raised but reported through the utility service, also those of a host's handler that
+    /// runs in an event meanwhile, and file number 1 is closed; beams that were added before stay.
     bool SetBeamStiffnessMatrix(const Array<Integer>& NodeStart, const Array<Integer>& NodeEnd,
                                 const Array<Integer>& NTy, const Array<Single>& EmGrid,
                                 const Array<Single>& GridInertia, const Array<Single>& GModul,

@@ -1,6 +1,7 @@
 // Plate elements: the choice by node count, and the nonconforming rectangle in closed form.
 
 #include "torlib/fem/fem_class.h"
+#include "torlib/frame/large_output.h"
 
 #include <array>
 #include <cstdint>
@@ -61,6 +62,15 @@ constexpr std::int16_t RectanglePattern[RectangleSize][RectangleSize] = {
 };
 // clang-format on
 
+template <class Step>
+void ForUpperTriangle(Step step) {
+    for (const int i : Range(1, RectangleSize)) {
+        for (const int j : Range(i, RectangleSize)) {
+            step(i, j);
+        }
+    }
+}
+
 } // namespace
 
 void FEM_Class::SetElementStiffnessMatrix(Array<Single>& SK, Single e, Single T, Single bnu,
@@ -68,7 +78,12 @@ void FEM_Class::SetElementStiffnessMatrix(Array<Single>& SK, Single e, Single T,
                                           const Array<Single>& YE) const {
     const MemberScope scope("FEM_Class.SetElementStiffnessMatrix", Named("SK", SK), Named("XE", XE),
                             Named("YE", YE));
-    SK.ReDim(Integer(3 * NNode), Integer(3 * NNode));
+    const Integer size = 3 * NNode;
+    if (IsLargeSquare(size)) {
+        RequireList(XE, NNode);
+        RequireList(YE, NNode);
+    }
+    SK.ReDim(size, size);
     const bool valid = T > 0 && e > 0;
     if (NNode == 3 && valid) {
         SetTriElementStiffness(SK, e, T, bnu, XE, YE);
@@ -85,15 +100,15 @@ void FEM_Class::SetRecElementStiffness(Array<Single>& SK, Single e, Single T, Si
                                        Single B) const {
     const MemberScope scope("FEM_Class.SetRecElementStiffness", Named("SK", SK));
     const Coefficients c = RectangleCoefficients(A, B, bnu);
+    // One pass after the other: an error leaves the passes before it in SK.
+    ForUpperTriangle([&](int i, int j) {
+        const int number = RectanglePattern[i - 1][j - 1];
+        const Real coefficient = c[static_cast<std::size_t>(std::abs(number))];
+        SK(i, j) = number < 0 ? -coefficient : coefficient;
+    });
     const Single f = (T * T * T * e / 180) / (1 - bnu * bnu);
-    for (const int i : Range(1, RectangleSize)) {
-        for (const int j : Range(i, RectangleSize)) {
-            const int number = RectanglePattern[i - 1][j - 1];
-            const Real coefficient = c[static_cast<std::size_t>(std::abs(number))];
-            SK(i, j) = (number < 0 ? -coefficient : coefficient) * f;
-            SK(j, i) = SK(i, j);
-        }
-    }
+    ForUpperTriangle([&](int i, int j) { SK(i, j) = SK(i, j) * f; });
+    ForUpperTriangle([&](int i, int j) { SK(j, i) = SK(i, j); });
 }
 
 } // namespace torlib

@@ -1,3 +1,4 @@
+#include "torlib/frame/large_output.h"
 #include "torlib/numeric/math_class.h"
 
 #include <string>
@@ -67,6 +68,9 @@ void SubstituteBack(int N, Array<Single>& A, const Array<Single>& Q, Array<Singl
 
 void Math_Class::InverseMatrix(Integer N, const Array<Single>& A, Array<Single>& B) const {
     const MemberScope scope("Math_Class.InverseMatrix", Named("A", A), Named("B", B));
+    if (IsLargeSquare(N)) {
+        RequireSquare(A, N);
+    }
     B.ReDim(N, N);
     for (int i : Range(1, N)) {
         for (int j : Range(1, N)) {

@@ -17,7 +17,8 @@
 // Shared by all members: indices run from 1 to the size, index 0 is neither read nor written. Sums
 // are kept in 32 bits and rounded after every term, so the order of the terms, ascending, is part
 // of the result. An output that is re-dimensioned becomes a fresh zero array from index 0 and must
-// not be one of the inputs. A size below 1 does no arithmetic. Errors: 6 for an overflow, also of
+// not be one of the inputs; a matrix of 1024 rows or more only when the inputs cover its size, else
+// it stays as it was (9). A size below 1 does no arithmetic. Errors: 6 for an overflow, also of
 // the 16-bit counter when a size is 32767; 9 for an index outside an array, a wrong number of
 // dimensions or a negative size of an output; entries that were written before an error stay.
 

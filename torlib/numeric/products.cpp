@@ -1,3 +1,4 @@
+#include "torlib/frame/large_output.h"
 #include "torlib/numeric/math_class.h"
 
 namespace torlib {
@@ -21,6 +22,10 @@ void Math_Class::ProductTwoEqualMatrices(Integer N, const Array<Single>& A, cons
                                          Array<Single>& C) const {
     const MemberScope scope("Math_Class.ProductTwoEqualMatrices", Named("A", A), Named("B", B),
                             Named("C", C));
+    if (IsLargeSquare(N)) {
+        RequireSquare(A, N);
+        RequireSquare(B, N);
+    }
     C.ReDim(N, N);
     for (int i : Range(1, N)) {
         for (int j : Range(1, N)) {

@@ -1,8 +1,10 @@
 // Weights of points on symmetry lines, and flexibilities condensed to one for each raft node.
 
+#include "torlib/frame/large_output.h"
 #include "torlib/piles/pile_geometry_class.h"
 #include "torlib/platform/component/run_time_error.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace torlib {
@@ -17,6 +19,18 @@ Real ShownHundredths(Single value) {
 
 bool ShowEqual(Single a, Single b) {
     return ShownHundredths(a) == ShownHundredths(b);
+}
+
+/// Raises 9 for lists that do not reach over all nodes of Nk groups.
+void RequireGroups(int Nk, const Array<Single>& kij, const Array<Integer>& NK_PR) {
+    RequireList(NK_PR, Nk);
+    int total = 0;
+    for (const int i : Range(1, Nk)) {
+        total += std::max(+NK_PR(i), 0);
+    }
+    if (total > 0) {
+        RequireSquare(kij, total);
+    }
 }
 
 } // namespace
@@ -39,8 +53,10 @@ void PileGeometry_Class::ContributedFactor(SymmetricCase Isym, Integer NC, Array
     const bool xLine = both || Isym == SymmetricCase::Y_Symmetric;
     const bool yLine = both || Isym == SymmetricCase::X_symmetric;
     for (const int i : Range(1, NC)) {
-        const bool onX = xLine && ShowEqual(Xc(i), XMax);
-        const bool onY = yLine && ShowEqual(Yc(i), YMax);
+        const Single x = Xc(i);
+        const Single y = Yc(i);
+        const bool onX = xLine && ShowEqual(x, XMax);
+        const bool onY = yLine && ShowEqual(y, YMax);
         Cf(i) = (onX ? 2 : 1) * (onY ? 2 : 1);
     }
 }
@@ -56,9 +72,9 @@ void PileGeometry_Class::GlobalContributedFactor(Integer Npf, Integer NkPG,
     T.ReDim(NkPG);
     for (const int n : Range(1, NkPG)) {
         T(n) = 1;
-        const Single x = XGN(n);
-        const Single y = YGN(n);
         for (const int j : Range(1, Npf)) {
+            const Single x = XGN(n);
+            const Single y = YGN(n);
             if (x == XPl(j) && y == YPl(j)) {
                 T(n) = Cf(j);
                 break;
@@ -73,6 +89,9 @@ void PileGeometry_Class::ComposedCoefficients(Integer Nk, const Array<Single>& k
                                               const Array<Integer>& NK_PR) const {
     const MemberScope scope("PileGeometry_Class.ComposedCoefficients", Named("kij", kij),
                             Named("Gk", Gk), Named("NK_PR", NK_PR));
+    if (IsLargeSquare(Nk)) {
+        RequireGroups(Nk, kij, NK_PR);
+    }
     Gk.ReDim(Nk, Nk);
     int oi = 0;
     for (const int i : Range(1, Nk)) {

@@ -117,7 +117,8 @@ class TORLIB_API PileGeometry_Class {
     /// number of points, `Xc`, `Yc(1..NC)` their positions. `Cf(0..NC)` [out] 2 on a symmetry line,
     /// 4 where two of them meet, 1 elsewhere and in all antisymmetric cases: the point's value in
     /// the model, times Cf, is that of the whole point; in a quarter model a point has 4/Cf mirror
-    /// images, itself among them, in a half model 2/Cf.
+    /// images, itself among them, in a half model 2/Cf. Errors: 9 for either list shorter than NC,
+    /// whatever the symmetry.
     /// Coordinates are equal when their texts with two decimals are: each 32-bit value is taken
     /// exactly, halves are rounded away from zero, and what rounds to zero has no sign.
     void ContributedFactor(SymmetricCase Isym, Integer NC, Array<Single>& Cf, Single XMax,
@@ -141,6 +142,7 @@ class TORLIB_API PileGeometry_Class {
     /// kij over the nodes of both groups. `NK_PR(1..Nk)` number of nodes in each group. With the
     /// flexibility of single nodes and equal loads within a group, Gk times those loads is the sum
     /// of the group's settlements.
+    /// Errors: 9 for kij or NK_PR too short; from 1024 raft nodes on Gk is then as before.
     /// Deviations: each sum is kept in 32 bits, over the columns of each row in turn.
     void ComposedCoefficients(Integer Nk, const Array<Single>& kij, Array<Single>& Gk,
                               const Array<Integer>& NK_PR) const;
