@@ -45,6 +45,24 @@ TEST(BandWidth, LargestDifferenceWithinOneElement) {
     EXPECT_EQ(ErrorOf([] { WidthOf({{1, 1, 1, 1, 1}}); }), 9);
 }
 
+// The corners that are there differ by more than 16 bits, but the one that is missing comes first.
+TEST(BandWidth, ReadsAllCornersBeforeItComparesThem) {
+    Array<Integer> corners(Bounds{1, 1}, Bounds{1, 2});
+    corners(1, 1) = 32767;
+    corners(1, 2) = -32768;
+    Integer Nw = 7;
+    const auto error = [&](int count) {
+        return ErrorOf(
+            [&] { FEM_Class().GetBandWidth(Nw, 1, ArrayFromOne<Integer>({count}), corners); });
+    };
+    EXPECT_EQ(error(3), 9);
+    EXPECT_EQ(error(2), 6);
+    corners = Array<Integer>(Bounds{1, 1}, Bounds{2, 2});
+    EXPECT_EQ(error(1), 9) << "a single corner is read too";
+    EXPECT_EQ(error(0), 0);
+    EXPECT_EQ(Nw, 3);
+}
+
 /// A random positive definite system of 14 equations.
 struct RandomSystem : BandSystem<1> {
     RandomSystem() {

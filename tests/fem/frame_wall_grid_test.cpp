@@ -2,10 +2,16 @@
 // printed are the table of docs/validation.md.
 
 #include "fem_test_tools.h"
+#include "tests/temporary_folder.h"
 
+#include "torlib/frame/error_routine.h"
 #include "torlib/frame/run_state.h"
+#include "torlib/platform/windows/events.h"
 
 #include <cstdio>
+#include <functional>
+#include <new>
+#include <stdexcept>
 
 namespace torlib::test {
 namespace {
@@ -316,6 +322,26 @@ TEST(GridBeam, CancelledAndFailingRuns) {
         EXPECT_NE(testing::internal::GetCapturedStderr().find(c.report), std::string::npos);
         EXPECT_TRUE(g.stopped);
         EXPECT_EQ(g.A(1, 1), c.progress ? 0 : 4800) << "the first beam stays";
+    }
+}
+
+// What a handler of the host throws while the beams are added ends in a report, whatever it is.
+TEST(GridBeam, ReportsWhateverAHandlerThrows) {
+    const TemporaryFolder folder;
+    const std::pair<std::function<void()>, const char*> handlers[] = {
+        {[] { throw std::bad_alloc(); }, "error 7)"},
+        {[] { throw std::runtime_error("the host's own"); }, "the host's own (error 5)"},
+        {[] { throw 7; }, "error 5)"}, // NOLINT(hicpp-exception-baseclass)
+        {[] { RaiseError(ErrorNumber::NoSuchMember, "no such"); }, "error 438)"}};
+    for (const auto& [handler, report] : handlers) {
+        OpenFileNumberOne(folder.File("one.txt"), "w");
+        PostEvent(handler);
+        testing::internal::CaptureStderr();
+        const Grid g({{0, 0}, {1, 0}}, {{1, 2}});
+        EXPECT_NE(testing::internal::GetCapturedStderr().find(report), std::string::npos) << report;
+        EXPECT_TRUE(g.stopped);
+        EXPECT_EQ(g.A(1, 1), 0);
+        EXPECT_EQ(FileNumberOne(), nullptr);
     }
 }
 

@@ -47,6 +47,17 @@ TEST(NodeServices, LocalToGlobalCoordinates) {
     }
 }
 
+TEST(NodeServices, NoNodesDoNothingWhateverTheAngle) {
+    Array<Single> x, y;
+    for (const Single Beta : {Single(3E38), Single(-3.4E38), Single(90)}) {
+        for (const int N : {0, -1, -32768}) {
+            EXPECT_EQ(ErrorOf([&] { Fem.GetGlobalNodeCoordinate(N, x, y, Beta, 1, 1); }), 0);
+        }
+    }
+    x = y = ArrayFromOne<Single>({1});
+    EXPECT_NE(ErrorOf([&] { Fem.GetGlobalNodeCoordinate(1, x, y, 3.4E38, 1, 1); }), 0);
+}
+
 TEST(ElementFailures, LengthAndAreaZero) {
     const auto x = ArrayFromOne<Single>({0, 1, 2}), y = ArrayFromOne<Single>({0, 0, 0});
     Array<Single> K;

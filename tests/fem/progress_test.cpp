@@ -70,6 +70,23 @@ TEST(Progress, RemainingTime) {
     }
 }
 
+TEST(Progress, RemainingTimeOfABarWithoutEnd) {
+    // 3E20 s are more than a 64-bit whole number holds; the hours are exact in binary.
+    ProgressRun run(200);
+    run.Step(1, 0);
+    const Single max = 3E20;
+    run.Reference().Get(u"PrB").ToObject().Put(u"Max", max.Value());
+    run.Step(2, 2);
+    const Single hours = Int(Single(Int(max / 60)) / 60);
+    const std::string caption =
+        "lbltime.Caption=" + ToUtf8(Companions().Language().LoadText(60015, {})) + " " +
+        std::to_string(static_cast<std::uint64_t>(hours.Value())) + ":";
+    EXPECT_NE(run.Log().find(caption), std::string::npos) << run.Log();
+    run.Reference().Get(u"PrB").ToObject().Put(u"Max", 3E38F);
+    run.Step(2, 2);
+    EXPECT_NE(run.Log().find(" 8333333"), std::string::npos) << run.Log();
+}
+
 TEST(Progress, Failures) {
     ProgressRun run(10);
     EXPECT_EQ(ErrorOf([&] { run.Step(0, 0); }), 11) << "0/0, and yet a division by zero";

@@ -5,6 +5,7 @@
 #include "torlib/frame/run_state.h"
 
 #include <algorithm>
+#include <array>
 #include <bitset>
 #include <cstdlib>
 #include <utility>
@@ -49,9 +50,15 @@ bool FEM_Class::GetBandWidth(Integer& Nw, Integer NE, const Array<Integer>& I_El
                                                     std::to_string(corners) +
                                                     " corners, more than 4");
         }
-        for (const int b : Range(1, corners)) {
-            for (const int a : Range(1, b - 1)) {
-                const Integer difference = I_Corner(element, a) - I_Corner(element, b);
+        // All are read before two of them are compared, so that a missing one is told first.
+        std::array<Integer, MaxCorners> node;
+        for (const int k : Range(1, corners)) {
+            node[static_cast<std::size_t>(k - 1)] = I_Corner(element, k);
+        }
+        for (int b = 1; b < corners; ++b) {
+            for (int a = 0; a < b; ++a) {
+                const Integer difference =
+                    node[static_cast<std::size_t>(a)] - node[static_cast<std::size_t>(b)];
                 d = std::max(+d, std::abs(+difference));
             }
         }

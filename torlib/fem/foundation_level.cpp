@@ -33,6 +33,9 @@ void FEM_Class::SetFoundationLevel(const Integer& Nk, const Integer& NE,
 void FEM_Class::GetGlobalNodeCoordinate(Integer N, Array<Single>& x, Array<Single>& Y, Single Beta,
                                         Single Xo, Single yo) const {
     const MemberScope scope("FEM_Class.GetGlobalNodeCoordinate", Named("x", x), Named("Y", Y));
+    if (N < 1) {
+        return; // before the angle, which may be one that has no sine
+    }
     const Single b = StoredPi * Beta / 180;
     const Real sine = Sin(b);
     const Real cosine = Cos(b);

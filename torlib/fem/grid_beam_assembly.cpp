@@ -39,8 +39,8 @@ bool FEM_Class::SetBeamStiffnessMatrix(
             GlobalLoadVector(Q, UG, 3, 2, node);
         }
         return CheckCancelRequest(FrmShow);
-    } catch (const RunTimeError& error) {
-        HandleError(error);
+    } catch (...) {
+        HandleCurrentError(); // also of a handler of the host, which may throw anything
     }
     return true; // not assembled to the end, so the host must not go on
 }

@@ -5,7 +5,10 @@
 #include "torlib/platform/clock.h"
 #include "torlib/platform/windows/events.h"
 
+#include <charconv>
 #include <cmath>
+#include <iterator>
+#include <limits>
 
 namespace torlib {
 
@@ -19,10 +22,13 @@ Single Read(const Object& control, const char16_t* property) {
     return control.Get(property).ToDouble();
 }
 
-/// At least two digits; halves round away from zero.
+/// At least two digits, and all that a value has; halves round away from zero.
 String TwoDigits(Single value) {
-    const auto whole = std::lround(value.Value());
-    const String digits = FromUtf8(std::to_string(std::labs(whole)));
+    const float whole = std::round(value.Value());
+    char buffer[std::numeric_limits<float>::max_exponent10 + 2];
+    const auto last =
+        std::to_chars(buffer, std::end(buffer), std::fabs(whole), std::chars_format::fixed);
+    const String digits(buffer, last.ptr);
     return (whole < 0 ? u"-" : u"") + (digits.size() < 2 ? u"0" + digits : digits);
 }
 

@@ -2,9 +2,26 @@
 
 #include "torlib/frame/companion_services.h"
 
+#include <new>
+
 namespace torlib {
 
 namespace {
+
+/// The exception that is being handled, as an error of this library.
+RunTimeError CurrentError() {
+    try {
+        throw;
+    } catch (const RunTimeError& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return {ErrorNumber::OutOfMemory, "out of memory"};
+    } catch (const std::exception& failure) {
+        return {ErrorNumber::InvalidArgument, failure.what()};
+    } catch (...) {
+        return {ErrorNumber::InvalidArgument, "an exception of an unknown type"};
+    }
+}
 
 std::FILE*& FileOne() {
     static std::FILE* file = nullptr;
@@ -40,6 +57,14 @@ void HandleError(const RunTimeError& error) noexcept {
         // A report that fails must not replace the completed call that the host is promised.
     }
     CloseFileNumberOne();
+}
+
+void HandleCurrentError() noexcept {
+    try {
+        HandleError(CurrentError());
+    } catch (...) {
+        CloseFileNumberOne(); // no memory even for the report
+    }
 }
 
 } // namespace torlib

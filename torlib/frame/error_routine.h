@@ -1,7 +1,7 @@
 #pragma once
 // What members do that catch their own errors: report, close file number 1, go on.
 //
-//     try { ... } catch (const RunTimeError& error) { HandleError(error); form.Unload(); }
+//     try { ... } catch (...) { HandleCurrentError(); form.Unload(); }
 
 #include "torlib/platform/component/run_time_error.h"
 
@@ -20,5 +20,8 @@ TORLIB_API void CloseFileNumberOne();
 /// The library-wide error routine: reports the error to the user through the utility services and
 /// closes file number 1. Never raises an error itself; after it the member cleans up and returns.
 TORLIB_API void HandleError(const RunTimeError& error) noexcept;
+/// The same for the exception that is being handled, whatever its type: a lack of memory is
+/// reported as 7, anything that is not an error of this library as 5.
+TORLIB_API void HandleCurrentError() noexcept;
 
 } // namespace torlib
