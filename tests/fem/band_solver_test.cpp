@@ -13,6 +13,7 @@
 #include <optional>
 #include <ostream>
 #include <random>
+#include <sys/mman.h>
 #include <vector>
 
 namespace torlib {
@@ -224,6 +225,88 @@ TEST_P(EveryKernel, KeepsWhatPrecedesAnOverflowOnTheWayBack) {
     EXPECT_EQ(expected.Error, 6);
     EXPECT_EQ(expected.Steps.size(), 3U * 2 + 2); // stopped in the last equation of all
     EXPECT_EQ(expected, OutcomeOf(GetParam(), s));
+}
+
+/// Floats or doubles that end (or start) where memory ends (or starts): a step beyond is a crash.
+template <class T>
+class Fenced {
+  public:
+    Fenced(std::size_t count, bool atEnd) : pages_((count * sizeof(T) + PageSize - 1) / PageSize) {
+        const std::size_t inside = pages_ * PageSize;
+        void* const all =
+            mmap(nullptr, inside + 2 * PageSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        memory_ = static_cast<char*>(all);
+        char* const first = memory_ + PageSize;
+        EXPECT_EQ(mprotect(first, inside, PROT_READ | PROT_WRITE), 0);
+        data_ = reinterpret_cast<T*>(atEnd ? first + inside - count * sizeof(T) : first);
+    }
+    Fenced(const Fenced&) = delete;
+    Fenced& operator=(const Fenced&) = delete;
+    ~Fenced() { munmap(memory_, (pages_ + 2) * PageSize); }
+    T* Data() const { return data_; }
+
+  private:
+    static constexpr std::size_t PageSize = 4096;
+    std::size_t pages_;
+    char* memory_;
+    T* data_;
+};
+
+// Whatever the width, nothing outside the caller's arrays and the kernel's own is read or written.
+TEST_P(EveryKernel, StaysInsideTheArrays) {
+    const band::Kernel& kernel = *GetParam();
+    for (const bool atEnd : {false, true}) {
+        for (int n = 1; n <= 35; ++n) {
+            const auto size = static_cast<std::size_t>(n);
+            const Fenced<float> ratios(size, atEnd), x(size, atEnd), steps(size, atEnd);
+            std::fill_n(ratios.Data(), n, 0.25F);
+            std::fill_n(x.Data(), n, 2.0F);
+            EXPECT_EQ(kernel.BackSubstitute(1, ratios.Data(), x.Data(), n, steps.Data()),
+                      1 - 0.5F * static_cast<float>(n));
+            const Fenced<double> row(size, atEnd), wide(size, atEnd);
+            EXPECT_EQ(kernel.Reduce(x.Data(), n, 4, row.Data(), wide.Data()).Ratio, 0.5);
+            kernel.UpdateLoad(wide.Data(), n, 2, x.Data());
+            EXPECT_EQ(x.Data()[n - 1], 1);
+        }
+        for (const auto& [Nw, N3] : {std::pair{1, 5}, {7, 20}, {18, 35}, {45, 60}}) {
+            System s = MakeSystem(Kind::Dominant, Nw, N3, 1);
+            const Outcome expected = OutcomeOf(nullptr, s);
+            const Fenced<Single> A(s.A.Size(), atEnd), Q(s.Q.Size(), atEnd);
+            std::copy_n(s.A.Data(), s.A.Size(), A.Data());
+            std::copy_n(s.Q.Data(), s.Q.Size(), Q.Data());
+            const Bounds rows = {1, N3 + Nw - 1};
+            s.A.Borrow(A.Data(), {}, rows, {1, Nw});
+            s.Q.Borrow(Q.Data(), {}, rows);
+            ASSERT_FALSE(band::Solve(kernel, Nw, N3, s.A, s.Q));
+            EXPECT_EQ(std::bit_cast<std::uint32_t>(Q.Data()[0]), expected.Bits[s.A.Size()]);
+        }
+    }
+}
+
+// A zero keeps the sign that double precision gives it, on every way through the steps; 1 + 2^-23
+// less (1 - 2^-15) 2^-24 (1 + 2^-15) is where a single rounding would go another way.
+TEST_P(EveryKernel, GivesZerosTheSignOfDoublePrecision) {
+    const float ratios[] = {0, -0.0F, 1, -1, 1E-30F, -1E-30F, 1 - 0x1p-15F};
+    const float unknowns[] = {0, -0.0F, 1, -1, 1E-30F, 0x1p-24F * (1 + 0x1p-15F), 1};
+    const float values[] = {0, -0.0F, 1, -1, 1 + 0x1p-23F, 1E-45F, -1E-45F};
+    std::mt19937 random(5);
+    int zeros = 0;
+    for (int round = 0; round < 20000; ++round) {
+        const int n = 1 + static_cast<int>(random() % 12);
+        float c[12], x[12], steps[12];
+        const float start = values[random() % std::size(values)];
+        float expected = start;
+        for (int k = 0; k < n; ++k) {
+            c[k] = ratios[random() % std::size(ratios)];
+            x[k] = unknowns[random() % std::size(unknowns)];
+            expected = static_cast<float>(static_cast<double>(expected) -
+                                          static_cast<double>(c[k]) * static_cast<double>(x[k]));
+        }
+        const float result = GetParam()->BackSubstitute(start, c, x, n, steps);
+        ASSERT_EQ(std::bit_cast<std::uint32_t>(result), std::bit_cast<std::uint32_t>(expected));
+        zeros += expected == 0;
+    }
+    EXPECT_GT(zeros, 1000);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kernels, EveryKernel,

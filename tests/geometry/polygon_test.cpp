@@ -135,10 +135,19 @@ TEST(PointInPolygon, TakesAnyKindOfNumber) {
     EXPECT_TRUE(inside(4095.0) && inside(std::int32_t{4095}) && inside(u"4095"));
     EXPECT_FALSE(inside(Single(4095)) || inside(std::int16_t{4095}));
     EXPECT_EQ(ErrorOf([&] { inside(u"high"); }), 13);
-    // A corner of the polygon; its width 16777217 is rounded down in 32-bit arithmetic.
-    Outline wide({{-1, 0}, {16777216, 1}});
-    EXPECT_TRUE(geometry.PointInPolygon(2, wide.x, wide.Y, 16777216, 1.0));
-    EXPECT_FALSE(geometry.PointInPolygon(2, wide.x, wide.Y, 16777216, Single(1)));
+
+    using At = Points::value_type;
+    // Width and height of the first side need 25 bits too: its end is beyond it when they are
+    // rounded, although no product is.
+    for (const auto& [end, start] :
+         {std::pair<At, At>{{8388609, 1}, {0.5, 0}}, std::pair<At, At>{{3, 8388609}, {0, 0.5}}}) {
+        Outline sliver({start, end, {-1, end.second}});
+        const auto holds = [&](const Variant& Yi) {
+            return geometry.PointInPolygon(3, sliver.x, sliver.Y, end.first, Yi);
+        };
+        EXPECT_TRUE(holds(end.second));
+        EXPECT_FALSE(holds(Single(end.second)));
+    }
 }
 
 TEST(RepeatedNode, FindsWithinTheToleranceOrAppends) {

@@ -91,6 +91,12 @@ TEST(Array, BorrowedMemoryIsWorkedInAndKeepsItsBounds) {
              [](auto& x) { x.ReDim(2, 2); }, [](auto& x) { x.ReDim(3, 3); },
              [](auto& x) { x.ReDim(11); },
              [](auto& x) {
+                 x.ReDim(Bounds{0, 3}, Bounds{1, 3});
+             },
+             [](auto& x) {
+                 x = Array<double>(Bounds{0, 3}, Bounds{-1, 1});
+             },
+             [](auto& x) {
                  x.ReDim(Bounds{1, 4}, Bounds{0, 2});
              },
              [](auto& x) {
