@@ -4,10 +4,12 @@
 #include "torlib/fem/band_kernel.h"
 #include "torlib/fem/fem_class.h"
 #include "torlib/frame/run_state.h"
+#include "torlib/platform/windows/events.h"
 
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 #include <optional>
@@ -346,6 +348,36 @@ TEST(SolveMatrix, NamesWhatIsOutOfRange) {
         const std::string text =
             test::ErrorText([&] { FEM_Class().SolveMatrix(c.Nw, c.N3, A, Q); });
         EXPECT_TRUE(text.starts_with("FEM_Class.SolveMatrix: ") && text.ends_with(c.text)) << text;
+    }
+}
+
+TEST(SolveMatrix, HoldsItsArraysAgainstHandlersThatResizeThem) {
+    for (const bool complete : {true, false}) { // what lacks rows is solved entry by entry
+        System s = MakeSystem(Kind::Dominant, 5, 40);
+        if (!complete) {
+            s.A = Array<Single>(Bounds{0, 42}, Bounds{0, 5});
+        }
+        System untouched = s;
+        int refused = 0;
+        std::function<void()> resize = [&] {
+            refused += test::ErrorOf([&] { s.A.ReDim(3, 3); }) == 10 ? 1 : 0;
+            refused += test::ErrorOf([&] { s.Q.ReDimPreserve(90); }) == 10 ? 1 : 0;
+            refused += test::ErrorOf([&] { s.Q = Array<Single>(); }) == 10 ? 1 : 0;
+            if (refused < 60) {
+                PostEvent(resize);
+            }
+        };
+        const auto solve = [](System& t) {
+            return test::ErrorText([&] { FEM_Class().SolveMatrix(t.Nw, t.N3, t.A, t.Q); });
+        };
+        const std::string error = solve(untouched);
+        EXPECT_EQ(error.empty(), complete);
+        PostEvent(resize);
+        EXPECT_EQ(solve(s), error);
+        EXPECT_EQ(refused, 60);
+        EXPECT_TRUE(std::equal(s.Q.Data(), s.Q.Data() + s.Q.Size(), untouched.Q.Data()));
+        s.A.ReDim(3, 3);
+        EXPECT_EQ(s.A.UBound(1), 3) << "free again";
     }
 }
 

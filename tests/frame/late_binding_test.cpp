@@ -5,8 +5,11 @@
 #include "tests/error_text.h"
 
 #include "torlib/platform/component/dynamic_object.h"
+#include "torlib/platform/component/module_count.h"
 
 #include <gtest/gtest.h>
+
+#include <new>
 
 namespace torlib {
 namespace {
@@ -58,6 +61,18 @@ class Probe {
         To = {From.x, From.Y, -From.Z};
         Points(1) = To;
     }
+    void Throw(Integer kind) {
+        if (kind == 7) {
+            throw 7;
+        }
+        throw std::bad_alloc();
+    }
+    /// Yields to the handler between two looks at the array.
+    void Yield(Array<Single>& A, const Object& Handler) {
+        A(1) = 1;
+        Handler.Invoke(u"Run");
+        A(1) = A(1) + 1;
+    }
     Long ReadLevel() const { return level_; }
     void WriteLevel(Long NewValue) { level_ = NewValue; }
 
@@ -81,6 +96,8 @@ constexpr Member members[] = {
     Reserved(u"Later"),
     Method<&Probe::Grow>(u"Grow", u"", {u"A", u"n"}),
     Method<&Probe::Mirror>(u"Mirror", u"", {u"From", u"To", u"Points"}),
+    Method<&Probe::Throw>(u"Throw", u"", {u"kind"}),
+    Method<&Probe::Yield>(u"Yield", u"", {u"A", u"Handler"}),
     PropertyGet<&Probe::ReadLevel>(u"Level", u""),
     PropertyPut<&Probe::WriteLevel>(u"Level", u"", {u"NewValue"}),
 };
@@ -247,15 +264,59 @@ TEST_F(LateBinding, APropertyIsReadAndWrittenUnderOneName) {
     EXPECT_EQ(probe.Get(u"Level").ToLong(), 70000) << "an instance of its own";
 }
 
+TEST_F(LateBinding, NothingThrownGoesPastTheDoor) {
+    EXPECT_EQ(ErrorText([&] { probe.Invoke(u"Throw", {7}); }),
+              "Probe.Throw: an exception of an unknown type (error 5)");
+    EXPECT_EQ(ErrorText([&] { probe.Invoke(u"Throw", {1}); }),
+              "Probe.Throw: out of memory (error 7)");
+    for (const char16_t* member : {u"Throw", u"Weighted", u"Nothing"}) {
+        EXPECT_EQ(probe.Pointer()->Invoke(member, InvokeKind::Method, {}, nullptr, nullptr),
+                  Result::Exception)
+            << "without a place for the error";
+    }
+    EXPECT_EQ(probe.Pointer()->QueryInterface(IidDispatch, nullptr), Result::InvalidPointer);
+    Variant ring;
+    ring = ByRef(ring);
+    for (const auto& [value, text] : {std::pair{ring, "the variant refers to itself (error 13)"},
+                                      {Variant::Reference(static_cast<SafeArray*>(nullptr)),
+                                       "the reference is null (error 5)"}}) {
+        EXPECT_EQ(ErrorText([&] {
+                      probe.Invoke(u"Grow", {value, 1});
+                  }),
+                  std::string("Probe.Grow: A: ") + text);
+        EXPECT_EQ(ErrorText([&] { probe.Invoke(u"Throw", {value}); }),
+                  std::string("Probe.Throw: kind: ") + text);
+        EXPECT_EQ(ErrorText([&] { probe.Invoke(u"Mirror", {value}); }),
+                  std::string("Probe.Mirror: From: ") + text);
+    }
+}
+
+TEST_F(LateBinding, AnArrayOutlivesTheVariableThatHeldItUntilTheCallIsOver) {
+    auto array = std::make_shared<Array<Single>>(Bounds{0, 3});
+    const std::weak_ptr<SafeArray> alive = array;
+    Variant variable = std::shared_ptr<SafeArray>(array);
+    DynamicObject handler;
+    handler.DefineMethod(u"Run", [&variable, &alive](std::span<Argument>) {
+        variable = 5;
+        EXPECT_GE(alive.use_count(), 1);
+        return Variant();
+    });
+    const std::shared_ptr<void> look = array->Share();
+    array.reset();
+    probe.Invoke(u"Yield", {ByRef(variable), handler.Reference()});
+    EXPECT_TRUE(alive.expired());
+    EXPECT_EQ(static_cast<float*>(look.get())[1], 2.0F);
+}
+
 TEST_F(LateBinding, InterfacesAndLifetimeAreCounted) {
-    const long before = LiveObjects();
+    const long before = LiveInModule();
     const int instances = Probe::living;
     Object other = NewObject(Probe::Info());
     void* again = nullptr;
     ASSERT_EQ(other.Pointer()->QueryInterface(Probe::Info().InterfaceId, &again), Result::Ok);
     EXPECT_EQ(other.Pointer()->QueryInterface(LibraryId, &again), Result::NoInterface);
     EXPECT_EQ(again, nullptr);
-    EXPECT_EQ(LiveObjects(), before + 1);
+    EXPECT_EQ(LiveInModule(), before + 1);
     Dispatch* held = other.Pointer();
     other = nullptr;
     EXPECT_EQ(Probe::living, instances + 1) << "the second reference keeps it";
@@ -263,7 +324,7 @@ TEST_F(LateBinding, InterfacesAndLifetimeAreCounted) {
     EXPECT_EQ(held->Invoke(u"Level", InvokeKind::PropertyGet, {}, nullptr, &error), Result::Ok);
     EXPECT_EQ(held->Release(), 0U);
     EXPECT_EQ(Probe::living, instances);
-    EXPECT_EQ(LiveObjects(), before);
+    EXPECT_EQ(LiveInModule(), before);
 }
 
 TEST_F(LateBinding, EachInstanceRaisesItsOwnEventsAndTheDefaultInstanceToo) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -139,11 +140,64 @@ TEST(Array, WhoeverLooksAtTheMemoryFixesTheBoundsAndKeepsItAlive) {
     EXPECT_EQ(a.UBound(), 9);
 }
 
+constexpr int smallest = std::numeric_limits<int>::min();
+constexpr int largest = std::numeric_limits<int>::max();
+
 TEST(Array, WithoutMemoryItIsLeftUnallocated) {
-    Array<double> a(Bounds{0, 3});
-    EXPECT_ANY_THROW(a.ReDim(2000000000, 2000000000));
-    EXPECT_EQ(a.Dimensions(), 0);
-    EXPECT_NE(ErrorText([&] { a(0, 0) = 1; }), "");
+    const struct {
+        Bounds rows, columns;
+        const char* text;
+    } cases[] = {
+        {{0, 2000000000}, {0, 2000000000}, "0..2000000000, 0..2000000000"},
+        // The number of elements is 2^64 here, which is 0 in 64 bits, and 2^64 bytes behind.
+        {{smallest, largest},
+         {smallest, largest},
+         "-2147483648..2147483647, -2147483648..2147483647"},
+        {{1, 1 << 30}, {0, largest}, "1..1073741824, 0..2147483647"},
+        {{0, largest}, {1, 1 << 24}, "0..2147483647, 1..16777216"}, // 2^58 bytes can be counted
+    };
+    for (const auto& c : cases) {
+        Array<double> a(Bounds{0, 3});
+        EXPECT_EQ(ErrorText([&] { a.ReDim(c.rows, c.columns); }),
+                  "there is no memory for the bounds " + std::string(c.text) + " (error 7)");
+        EXPECT_EQ(a.Dimensions(), 0);
+        EXPECT_EQ(ErrorText([&] { a(5, 5) = 1; }), "array is not allocated (error 9)");
+        double place = 0;
+        EXPECT_EQ(ErrorText([&] { a.Borrow(&place, {}, c.rows, c.columns); }).empty(),
+                  c.rows.Upper == largest && c.rows.Lower == 0)
+            << "memory of others only needs to be countable";
+    }
+}
+
+TEST(Array, BoundsMayReachTheEndsOfTheWholeNumbers) {
+    for (const Bounds range : {Bounds{smallest, smallest + 2}, Bounds{largest - 2, largest}}) {
+        const int middle = range.Lower + 1;
+        Array<double> line(range);
+        Array<double> table(Bounds{1, 2}, range);
+        line(middle) = 3;
+        table(2, middle) = 4;
+        EXPECT_EQ(line.Data()[1] + table.Data()[3], 7);
+        for (const int beyond : {range.Lower > 0 ? smallest : largest, 0, range.Lower ^ 4}) {
+            EXPECT_NE(ErrorText([&] { line(beyond); }).find("(error 9)"), std::string::npos);
+            EXPECT_NE(ErrorText([&] { table(1, beyond); }).find("(error 9)"), std::string::npos);
+        }
+        line.ReDimPreserve(2); // the ranges share no index
+        EXPECT_EQ(line(0) + line(1) + line(2), 0);
+    }
+}
+
+TEST(Array, WhatNeedsTheModuleIsCountedUntilItIsGone) {
+    const long before = LiveInModule();
+    std::shared_ptr<void> look;
+    {
+        const Array<double> a(Bounds{0, 3});
+        const auto copy = std::make_unique<Array<double>>(a);
+        EXPECT_EQ(LiveInModule(), before + 2);
+        look = a.Share();
+    }
+    EXPECT_EQ(LiveInModule(), before + 1) << "the look runs code of the module when it ends";
+    look.reset();
+    EXPECT_EQ(LiveInModule(), before);
 }
 
 } // namespace

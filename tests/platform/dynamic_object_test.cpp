@@ -3,7 +3,11 @@
 #include "tests/error_of.h"
 #include "tests/error_text.h"
 
+#include "torlib/platform/component/module_count.h"
+
 #include <gtest/gtest.h>
+
+#include <new>
 
 namespace torlib {
 namespace {
@@ -157,7 +161,40 @@ TEST(DynamicObject, ResetPutsDesignTimeValuesBackAndTellsTheWatchersOfWhatWasWri
     EXPECT_EQ(bar.Value(u"Max").ToLong(), 7);
 }
 
+TEST(DynamicObject, NothingThrownGoesPastItsDoor) {
+    DynamicObject form("form");
+    form.DefineMethod(u"Seven", [](std::span<Argument>) -> Variant { throw 7; });
+    form.DefineMethod(u"Full", [](std::span<Argument>) -> Variant { throw std::bad_alloc(); });
+    form.DefineMethod(u"Long", [](std::span<Argument>) { // more than a text can hold
+        return Variant(std::u16string(static_cast<std::size_t>(-1) / 2, u'x'));
+    });
+    const Object object = form.Reference();
+    EXPECT_EQ(ErrorText([&] { object.Invoke(u"Seven"); }),
+              "form.Seven: an exception of an unknown type (error 5)");
+    EXPECT_EQ(ErrorText([&] { object.Invoke(u"Full"); }), "form.Full: out of memory (error 7)");
+    EXPECT_EQ(ErrorText([&] { object.Invoke(u"Long"); }), "form.Long: out of memory (error 7)");
+    for (const char16_t* member : {u"Seven", u"Full", u"None"}) {
+        EXPECT_EQ(object.Pointer()->Invoke(member, InvokeKind::Method, {}, nullptr, nullptr),
+                  Result::Exception)
+            << "without a place for the error";
+    }
+    EXPECT_EQ(object.Pointer()->QueryInterface(IidDispatch, nullptr), Result::InvalidPointer);
+}
+
+TEST(DynamicObject, AHandlerMayDropTheLastReferenceToTheObjectThatCallsIt) {
+    Object last;
+    {
+        DynamicObject form;
+        form.Define(u"Caption", u"");
+        form.OnPut(u"Caption", [&last](const Variant&) { last = nullptr; });
+        last = form.Reference();
+    }
+    last.Put(u"Caption", u"a text that is too long to stand inside the variant itself");
+    EXPECT_FALSE(last);
+}
+
 TEST(DynamicObject, LivesAsLongAsSomebodyHoldsIt) {
+    const long before = LiveInModule();
     const auto token = std::make_shared<int>(1);
     Object held;
     {
@@ -166,8 +203,10 @@ TEST(DynamicObject, LivesAsLongAsSomebodyHoldsIt) {
         held = form.Reference();
     }
     EXPECT_EQ(token.use_count(), 2);
+    EXPECT_GT(LiveInModule(), before) << "so that the module cannot be unloaded";
     held = nullptr;
     EXPECT_EQ(token.use_count(), 1);
+    EXPECT_EQ(LiveInModule(), before);
 }
 
 } // namespace

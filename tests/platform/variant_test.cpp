@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <vector>
 
 namespace torlib {
 namespace {
@@ -97,6 +98,48 @@ TEST(Variant, ArraysArePassedWithoutACopy) {
     EXPECT_EQ(&ByRef(array).ToArray(), static_cast<SafeArray*>(&array));
     Variant inside = ByRef(array);
     EXPECT_EQ(&ByRef(inside).ToArray(), static_cast<SafeArray*>(&array));
+}
+
+TEST(Variant, ARingOfReferencesAndANullReferenceAreErrors) {
+    Variant self;
+    self = ByRef(self);
+    Variant one, two, three;
+    one = ByRef(two);
+    two = ByRef(three);
+    three = ByRef(two);
+    const struct {
+        const char* what;
+        Variant value;
+        int number;
+    } cases[] = {
+        {"itself", self, 13},
+        {"a ring behind one", one, 13},
+        {"null Integer", Variant::Reference(static_cast<std::int16_t*>(nullptr)), 5},
+        {"null text", Variant::Reference(static_cast<std::u16string*>(nullptr)), 5},
+        {"null object", Variant::Reference(static_cast<Object*>(nullptr)), 5},
+        {"null variant", Variant::Reference(static_cast<Variant*>(nullptr)), 5},
+        {"null array", Variant::Reference(static_cast<SafeArray*>(nullptr)), 5},
+        {"null record", RecordReference{u"Vec3", nullptr}, 5},
+        {"nameless record", RecordReference{nullptr, &one}, 5},
+    };
+    const std::function<void(const Variant&)> uses[] = {
+        [](const Variant& v) { v.ToDouble(); }, [](const Variant& v) { v.ToBoolean(); },
+        [](const Variant& v) { v.ToText(); },   [](const Variant& v) { v.ToObject(); },
+        [](const Variant& v) { v.ToArray(); },  [](const Variant& v) { v.Dereferenced(); },
+        [](const Variant& v) { v.Assign(1); },
+    };
+    for (const auto& c : cases) {
+        for (const auto& use : uses) {
+            EXPECT_EQ(ErrorOf([&] { use(c.value); }), c.number) << c.what;
+        }
+    }
+    std::vector<Variant> chain(100000);
+    chain.back() = 7;
+    for (std::size_t i = chain.size() - 1; i > 0; --i) {
+        chain[i - 1] = ByRef(chain[i]);
+    }
+    chain.front().Assign(8);
+    EXPECT_EQ(chain.back().ToLong() + chain.front().ToLong(), 16) << "a long chain is no ring";
 }
 
 } // namespace

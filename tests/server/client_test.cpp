@@ -7,6 +7,8 @@
 #include "torlib/frame/arithmetic.h"
 #include "torlib/platform/component/registry.h"
 
+#include <exception>
+
 namespace torlib {
 namespace {
 
@@ -66,6 +68,77 @@ TEST_F(Client, TheServerStaysLoadedWhileAnythingOfItIsInUse) {
     EXPECT_EQ(server.ClassObject(IidUnknown, IidClassFactory, &pointer), Result::ClassNotAvailable);
     EXPECT_EQ(server.ClassObject(mathClass, IidDispatch, &pointer), Result::NoInterface);
     EXPECT_EQ(server.CanUnload(), Result::Ok) << "a refusal holds nothing";
+}
+
+TEST_F(Client, WhatTheServerMadeForTheClientOutlivesTheServer) {
+    Array<Single> A(Bounds{0, 2}, Bounds{0, 2});
+    A(1, 1) = A(2, 2) = 2;
+    auto V = ArrayFromOne<Single>({3, 4});
+    Array<Single> U(Bounds{7, 8});
+    const auto held = std::make_shared<Array<Single>>(Bounds{1, 1});
+    Variant variable = std::shared_ptr<SafeArray>(held);
+    std::u16string listing = u"a text that lies in memory of its own: ";
+    Variant line = listing;
+    Array<Single> other;
+    std::exception_ptr error;
+    std::shared_ptr<void> look;
+    {
+        Object math = CreateObject(u"TORVALib.Math_Class");
+        const Object torva = CreateObject(u"TORVALib.TORVAClass");
+        for (const Variant& target : {ByRef(U), ByRef(variable)}) {
+            math.Invoke(u"ProductMatrxByVector", {2, ByRef(A), ByRef(V), target});
+        }
+        for (const Variant& target : {ByRef(listing), ByRef(line)}) {
+            torva.Invoke(u"SetLineList", {target, u"Area", u"A", u"m2", u"1", 40, 8});
+        }
+        try {
+            math.Invoke(u"InverseMatrix", {3, ByRef(V), ByRef(other)});
+        } catch (...) {
+            error = std::current_exception();
+        }
+        look = U.Share();
+        math = nullptr;
+        EXPECT_EQ(UnloadFreeServers(), 1) << "the other object is held";
+    }
+    ASSERT_EQ(UnloadFreeServers(), 0);
+    ASSERT_FALSE(ServerFile::IsLoaded());
+    EXPECT_EQ(static_cast<float*>(look.get())[2], 8.0F);
+    look.reset();
+    for (Array<Single>* product : {&U, held.get()}) {
+        EXPECT_EQ((*product)(2), 8);
+        const Array<Single> copy = *product;
+        product->ReDimPreserve(5);
+        EXPECT_EQ((*product)(1) + copy(1), 12);
+        product->ReDim(1);
+    }
+    variable = 0;
+    EXPECT_EQ(line.ToText(), listing);
+    EXPECT_EQ(listing.substr(listing.size() - 5), u"= 1\r\n");
+    listing += listing;
+    EXPECT_EQ(test::ErrorOf([&] { std::rethrow_exception(error); }), 9);
+}
+
+TEST_F(Client, ANullPlaceOrAnUnbalancedUnlockIsRefused) {
+    Guid mathClass;
+    ParseGuid(FromUtf8(FindEntry(ReadRegistry(), "progid", "TORVALib.Math_Class")->Value("class")),
+              &mathClass);
+    const ServerFile server;
+    EXPECT_EQ(server.ClassObject(mathClass, IidClassFactory, nullptr), Result::InvalidPointer);
+    EXPECT_EQ(server.ClassObject(IidUnknown, IidClassFactory, nullptr), Result::InvalidPointer);
+    void* pointer = nullptr;
+    ASSERT_EQ(server.ClassObject(mathClass, IidClassFactory, &pointer), Result::Ok);
+    auto* factory = static_cast<ClassFactory*>(pointer);
+    EXPECT_EQ(factory->CreateInstance(IidDispatch, nullptr), Result::InvalidPointer);
+    EXPECT_EQ(factory->QueryInterface(IidClassFactory, nullptr), Result::InvalidPointer);
+    EXPECT_EQ(factory->LockServer(false), Result::NotLocked);
+    EXPECT_EQ(factory->LockServer(true), Result::Ok);
+    EXPECT_EQ(factory->Release(), 0U);
+    EXPECT_EQ(server.CanUnload(), Result::False) << "the refused unlock has taken no later lock";
+    ASSERT_EQ(server.ClassObject(mathClass, IidClassFactory, &pointer), Result::Ok);
+    factory = static_cast<ClassFactory*>(pointer);
+    EXPECT_EQ(factory->LockServer(false), Result::Ok);
+    factory->Release();
+    EXPECT_EQ(server.CanUnload(), Result::Ok);
 }
 
 TEST_F(Client, UnloadingTakesAFreeServerOutOfTheProcess) {

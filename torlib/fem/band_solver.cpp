@@ -7,6 +7,9 @@ namespace torlib {
 bool FEM_Class::SolveMatrix(Integer Nw, Integer N3, Array<Single>& A, Array<Single>& Q,
                             const Object& FrmShow, bool PrograssBarMode, const Object& ObjStbar) {
     const MemberScope scope("FEM_Class.SolveMatrix", Named("A", A), Named("Q", Q));
+    // An event may not re-dimension what the solver has raw pointers into.
+    const auto heldA = A.Share();
+    const auto heldQ = Q.Share();
     band::EquationEvents events;
     if (PrograssBarMode) {
         events.Progress = [&](Integer n) { ProgressBarValue(FrmShow, n, ObjStbar); };

@@ -76,7 +76,8 @@ class TORLIB_API FEM_Class {
     /// equation, on `FrmShow` and the status bar `ObjStbar`.
     /// Result: true when cancelled; A and Q are then partly reduced and must be built anew. An
     /// equation whose diagonal is zero gets the solution 0. A handler that runs in an event
-    /// meanwhile must neither read nor resize A or Q: part of the band is kept elsewhere then.
+    /// meanwhile may read A and Q, but sees rows that lag, since part of the band is kept elsewhere
+    /// then; what it writes may be lost; new bounds are error 10 to it, as the solver holds both.
     /// Errors: 6 when a value overflows; 9 for an index outside the arrays; with progress those of
     /// ProgressBarValue, such as 91 when form or status bar is missing.
     /// Source: Bathe (1996), Finite Element Procedures, section 8.2.

@@ -70,9 +70,10 @@ namespace table {
 
 /// The argument, or the parameter's default when it was left out.
 TORLIB_API Variant Effective(const CastSource& source);
-/// The caller's array when its elements are of this type; otherwise raises 13 naming the parameter.
-TORLIB_API SafeArray& CheckedArray(const CastSource& source, ValueType type,
-                                   const char16_t* recordName);
+/// The caller's array when its elements are of this type, kept alive should the variable that holds
+/// it be given another value meanwhile; otherwise raises 13 naming the parameter.
+TORLIB_API std::shared_ptr<SafeArray> CheckedArray(const CastSource& source, ValueType type,
+                                                   const char16_t* recordName);
 /// The caller's record of this type; otherwise raises 13 naming the parameter.
 TORLIB_API void* CheckedRecord(const CastSource& source, const char16_t* recordName);
 
@@ -208,7 +209,7 @@ requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T> &&
         }
         try {
             Finish();
-        } catch (const RunTimeError&) {
+        } catch (...) {
             // The member's own error is already on its way to the caller.
         }
     }
@@ -253,13 +254,12 @@ class ArgumentCast<P> {
 
   public:
     explicit ArgumentCast(const CastSource& source)
-        : array_(static_cast<A&>(
-              table::CheckedArray(source, A::ElementTypeCode, A::ElementRecordName))) {}
-    A& Get() const { return array_; }
+        : array_(table::CheckedArray(source, A::ElementTypeCode, A::ElementRecordName)) {}
+    A& Get() const { return static_cast<A&>(*array_); }
     void Finish() const {}
 
   private:
-    A& array_;
+    std::shared_ptr<SafeArray> array_;
 };
 
 /// A record, passed on without a copy.

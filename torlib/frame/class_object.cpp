@@ -1,17 +1,15 @@
 #include "torlib/frame/class_object.h"
 
 #include "torlib/platform/component/counted_object.h"
+#include "torlib/platform/component/exception_boundary.h"
 #include "torlib/platform/component/nearest_names.h"
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 
 namespace torlib {
 
 namespace {
-
-std::atomic<long> live_objects{0};
 
 bool Fits(MemberKind member, InvokeKind use) {
     switch (member) {
@@ -75,34 +73,24 @@ void PlaceArguments(const Member& member, std::span<Argument> arguments, Places&
 class ClassObject final : public CountedObject<Dispatch> {
   public:
     ClassObject(const ClassInfo& info, void* instance, bool owner)
-        : CountedObject(0), info_(info), instance_(instance), owner_(owner) {
-        ++live_objects;
-    }
+        : CountedObject(0), info_(info), instance_(instance), owner_(owner) {}
     ~ClassObject() override {
         if (owner_) {
             info_.Destroy(instance_);
         }
-        --live_objects;
     }
 
-    /// The one place where exceptions become error records.
     Result Invoke(std::u16string_view member, InvokeKind kind, std::span<Argument> arguments,
                   Variant* result, ErrorRecord* error) override {
-        const std::string label = ToUtf8(info_.Name) + "." + ToUtf8(member);
         try {
+            const std::string label = ToUtf8(info_.Name) + "." + ToUtf8(member);
             const MemberScope scope(label.c_str());
             Variant ignored;
             Run(member, kind, arguments, result ? result : &ignored);
             return Result::Ok;
-        } catch (const RunTimeError& failure) {
-            *error = {static_cast<int>(failure.Number()),
-                      failure.Member().empty() ? label : failure.Member(), failure.Description()};
-        } catch (const std::bad_alloc&) {
-            *error = {static_cast<int>(ErrorNumber::OutOfMemory), label, "out of memory"};
-        } catch (const std::exception& failure) {
-            *error = {static_cast<int>(ErrorNumber::InvalidArgument), label, failure.what()};
+        } catch (...) {
+            return EndException(error, ToUtf8(info_.Name), member, MemberAtWork::Innermost);
         }
-        return Result::Exception;
     }
 
     std::int32_t NumberOf(std::u16string_view member) override { return info_.NumberOf(member); }
@@ -165,11 +153,24 @@ Object DefaultObject(const ClassInfo& info) {
     return Object(new ClassObject(info, info.DefaultInstance(), false));
 }
 
-long LiveObjects() {
-    return live_objects;
+namespace table {
+
+namespace {
+
+/// What an argument that must be there refers to.
+Variant GivenValue(const CastSource& source) {
+    const std::string name = ToUtf8(source.For.Name);
+    if (source.Value.IsMissing()) {
+        RaiseError(ErrorNumber::ArgumentNotOptional, name + ": the argument is not optional");
+    }
+    try {
+        return source.Value.Dereferenced();
+    } catch (const RunTimeError& error) {
+        throw RunTimeError(error.Number(), error.Member(), name + ": " + error.Description());
+    }
 }
 
-namespace table {
+} // namespace
 
 Variant Effective(const CastSource& source) {
     const Parameter& parameter = source.For;
@@ -189,36 +190,31 @@ Variant Effective(const CastSource& source) {
     RaiseError(ErrorNumber::ArgumentNotOptional, "the argument is not optional");
 }
 
-SafeArray& CheckedArray(const CastSource& source, ValueType type, const char16_t* recordName) {
-    const std::string name = ToUtf8(source.For.Name);
-    if (source.Value.IsMissing()) {
-        RaiseError(ErrorNumber::ArgumentNotOptional, name + ": the argument is not optional");
+std::shared_ptr<SafeArray> CheckedArray(const CastSource& source, ValueType type,
+                                        const char16_t* recordName) {
+    const Variant given = GivenValue(source);
+    std::shared_ptr<SafeArray> array;
+    if (const auto* reference = std::get_if<SafeArray*>(&given.Value())) {
+        array = {std::shared_ptr<void>(), *reference};
+    } else if (const auto* owned = std::get_if<std::shared_ptr<SafeArray>>(&given.Value())) {
+        array = *owned;
     }
-    const std::u16string_view wanted = recordName ? recordName : u"";
-    try {
-        SafeArray& array = source.Value.ToArray();
-        const std::u16string_view given = array.RecordName() ? array.RecordName() : u"";
-        if (array.ElementType() == type && given == wanted) {
-            return array;
-        }
-    } catch (const RunTimeError&) {
-        // The message below says it in the terms of the parameter.
+    const auto text = [](const char16_t* name) { return std::u16string_view(name ? name : u""); };
+    if (!array || array->ElementType() != type || text(array->RecordName()) != text(recordName)) {
+        RaiseError(ErrorNumber::TypeMismatch,
+                   ToUtf8(source.For.Name) + ": an array of another element type is needed, not " +
+                       given.KindName());
     }
-    RaiseError(ErrorNumber::TypeMismatch, name +
-                                              ": an array of another element type is needed, not " +
-                                              source.Value.KindName());
+    return array;
 }
 
 void* CheckedRecord(const CastSource& source, const char16_t* recordName) {
-    const std::string name = ToUtf8(source.For.Name);
-    if (source.Value.IsMissing()) {
-        RaiseError(ErrorNumber::ArgumentNotOptional, name + ": the argument is not optional");
-    }
-    const Variant given = source.Value.Dereferenced();
+    const Variant given = GivenValue(source);
     const auto* record = std::get_if<RecordReference>(&given.Value());
     if (!record || std::u16string_view(record->Name) != recordName) {
-        RaiseError(ErrorNumber::TypeMismatch, name + ": a record " + ToUtf8(recordName) +
-                                                  " is needed, not " + given.KindName());
+        RaiseError(ErrorNumber::TypeMismatch, ToUtf8(source.For.Name) + ": a record " +
+                                                  ToUtf8(recordName) + " is needed, not " +
+                                                  given.KindName());
     }
     return record->Address;
 }

@@ -12,7 +12,4 @@ TORLIB_API Object NewObject(const ClassInfo& info);
 /// The implicit default instance of the class behind a late-bound object.
 TORLIB_API Object DefaultObject(const ClassInfo& info);
 
-/// Number of late-bound objects of this library that clients still hold.
-TORLIB_API long LiveObjects();
-
 } // namespace torlib

@@ -4,17 +4,17 @@
 #include "torlib/platform/component/counted_object.h"
 
 #include <atomic>
+#include <new>
 
 namespace torlib {
 
 namespace {
 
-std::atomic<long> server_holds{0};
+std::atomic<long> server_locks{0};
 
 class Factory final : public CountedObject<ApplicationFactory> {
   public:
-    explicit Factory(const ClassInfo& info) : CountedObject(1), info_(info) { ++server_holds; }
-    ~Factory() override { --server_holds; }
+    explicit Factory(const ClassInfo& info) : CountedObject(1), info_(info) {}
 
     Result CreateInstance(const Guid& interface, void** object) override {
         return HandOut(NewObject, interface, object);
@@ -23,8 +23,14 @@ class Factory final : public CountedObject<ApplicationFactory> {
         return HandOut(DefaultObject, interface, object);
     }
     Result LockServer(bool lock) override {
-        server_holds += lock ? 1 : -1;
-        return Result::Ok;
+        if (lock) {
+            ++server_locks;
+            return Result::Ok;
+        }
+        long locks = server_locks;
+        while (locks > 0 && !server_locks.compare_exchange_weak(locks, locks - 1)) {
+        }
+        return locks > 0 ? Result::Ok : Result::NotLocked;
     }
 
   protected:
@@ -34,9 +40,14 @@ class Factory final : public CountedObject<ApplicationFactory> {
 
   private:
     Result HandOut(Object (*make)(const ClassInfo&), const Guid& interface, void** object) {
+        if (!object) {
+            return Result::InvalidPointer;
+        }
         *object = nullptr;
         try {
             return make(info_).Pointer()->QueryInterface(interface, object);
+        } catch (const std::bad_alloc&) {
+            return Result::OutOfMemory;
         } catch (...) {
             return Result::Exception;
         }
@@ -51,8 +62,8 @@ ClassFactory* NewClassFactory(const ClassInfo& info) {
     return new Factory(info);
 }
 
-long ServerHolds() {
-    return server_holds;
+long ServerLocks() {
+    return server_locks;
 }
 
 } // namespace torlib

@@ -8,7 +8,7 @@ namespace torlib {
 /// A factory that the caller holds one reference to.
 ClassFactory* NewClassFactory(const ClassInfo& info);
 
-/// Number of factories that clients hold, plus the locks that they have put on the server.
-long ServerHolds();
+/// Number of locks that clients have put on the server.
+long ServerLocks();
 
 } // namespace torlib

@@ -2,13 +2,14 @@
 
 #include "torlib/platform/component/server_entry_points.h"
 
-#include "torlib/frame/class_object.h"
+#include "torlib/platform/component/module_count.h"
 #include "torlib/platform/component/registry.h"
 #include "torlib/server/class_factory.h"
 #include "torlib/server/class_list.h"
 
 #include <dlfcn.h>
 #include <filesystem>
+#include <new>
 
 namespace torlib {
 
@@ -95,6 +96,9 @@ Result DllUnregisterServer() noexcept {
 }
 
 Result DllGetClassObject(const Guid& classId, const Guid& interface, void** object) noexcept {
+    if (!object) {
+        return Result::InvalidPointer;
+    }
     *object = nullptr;
     try {
         const ClassInfo* info = FindClass(classId);
@@ -105,11 +109,13 @@ Result DllGetClassObject(const Guid& classId, const Guid& interface, void** obje
         const Result result = factory->QueryInterface(interface, object);
         factory->Release();
         return result;
+    } catch (const std::bad_alloc&) {
+        return Result::OutOfMemory;
     } catch (...) {
         return Result::Exception;
     }
 }
 
 Result DllCanUnloadNow() noexcept {
-    return LiveObjects() == 0 && ServerHolds() == 0 ? Result::Ok : Result::False;
+    return LiveInModule() == 0 && ServerLocks() == 0 ? Result::Ok : Result::False;
 }

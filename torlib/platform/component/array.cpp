@@ -1,5 +1,9 @@
 #include "torlib/platform/component/array.h"
 
+#include <cstdlib>
+#include <limits>
+#include <new>
+
 namespace torlib {
 
 namespace {
@@ -9,6 +13,15 @@ std::string RangeText(const Bounds& bounds) {
 }
 
 } // namespace
+
+ArrayBlock* NewArrayBlock(std::size_t size, std::size_t elementSize) noexcept {
+    void* const memory = std::calloc(1, sizeof(ArrayBlock) + size * elementSize);
+    return memory ? new (memory) ArrayBlock{1, size} : nullptr;
+}
+
+void FreeArrayBlock(ArrayBlock* block) noexcept {
+    std::free(block);
+}
 
 SafeArray::~SafeArray() = default;
 
@@ -23,11 +36,18 @@ const Bounds& SafeArray::Of(int dimension) const {
 
 void SafeArray::CheckBounds(Bounds first, Bounds second) const {
     for (const Bounds& range : {first, second}) {
-        if (range.Upper < range.Lower - 1) {
+        if (range.Upper < std::int64_t{range.Lower} - 1) {
             RaiseError(ErrorNumber::OutOfRange,
                        Label() + "bounds " + RangeText(range) + " are empty");
         }
     }
+}
+
+bool SafeArray::CanBeCounted(Bounds first, Bounds second, std::size_t elementSize) noexcept {
+    constexpr std::size_t room = std::numeric_limits<std::ptrdiff_t>::max() - sizeof(ArrayBlock);
+    const auto rows = static_cast<std::size_t>(std::int64_t{first.Upper} - first.Lower + 1);
+    const auto columns = static_cast<std::size_t>(std::int64_t{second.Upper} - second.Lower + 1);
+    return rows == 0 || columns <= room / elementSize / rows;
 }
 
 void SafeArray::RaiseIndex(int i) const {
@@ -59,6 +79,12 @@ void SafeArray::RaiseSize(int n) const {
 void SafeArray::RaiseFixed() const {
     RaiseError(ErrorNumber::ArrayFixed,
                Label() + "its bounds cannot change: its memory is borrowed or being looked at");
+}
+
+void SafeArray::RaiseMemory(int dimensions, Bounds first, Bounds second) const {
+    RaiseError(ErrorNumber::OutOfMemory, Label() + "there is no memory for the bounds " +
+                                             RangeText(first) +
+                                             (dimensions == 2 ? ", " + RangeText(second) : ""));
 }
 
 bool SafeArray::HasBounds(int dimensions, Bounds first, Bounds second) const noexcept {

@@ -9,8 +9,11 @@
 //
 // An array is fixed while its memory is somebody else's (Borrow) or somebody looks at it (Share):
 // it keeps its bounds. Re-dimensioning or assigning with the bounds that it has works in place;
-// with other bounds it is error 10.
+// with other bounds it is error 10. Bounds that need more memory than there is are error 7; the
+// array is then not allocated. Any 32-bit bounds will do, -2147483648 among them.
 
+#include "torlib/platform/component/array_block.h"
+#include "torlib/platform/component/module_count.h"
 #include "torlib/platform/component/run_time_error.h"
 
 #include <algorithm>
@@ -101,17 +104,22 @@ class TORLIB_API SafeArray {
     /// fixed, as long as the result is held.
     virtual std::shared_ptr<void> Share() const = 0;
 
-  protected:
-    SafeArray(ValueType type, const char16_t* recordName) : type_(type), recordName_(recordName) {}
-    SafeArray(const SafeArray&) = default;
+    SafeArray(const SafeArray&) = delete;
     SafeArray& operator=(const SafeArray&) = delete;
+
+  protected:
+    SafeArray(ValueType type, const char16_t* recordName) noexcept
+        : type_(type), recordName_(recordName) {}
 
     const Bounds& Of(int dimension) const;
     void CheckBounds(Bounds first, Bounds second) const;
+    /// Whether the bytes of so many elements can be counted at all.
+    static bool CanBeCounted(Bounds first, Bounds second, std::size_t elementSize) noexcept;
     [[noreturn]] void RaiseIndex(int i) const;
     [[noreturn]] void RaiseIndex(int i, int j) const;
     [[noreturn]] void RaiseSize(int n) const;
     [[noreturn]] void RaiseFixed() const;
+    [[noreturn]] void RaiseMemory(int dimensions, Bounds first, Bounds second) const;
     bool HasBounds(int dimensions, Bounds first, Bounds second) const noexcept;
     void SwapShape(SafeArray& other) noexcept {
         std::swap(dimensions_, other.dimensions_);
@@ -126,6 +134,7 @@ class TORLIB_API SafeArray {
 
     ValueType type_;
     const char16_t* recordName_;
+    ModuleHold hold_;
 };
 
 template <class T>
@@ -135,14 +144,14 @@ class Array final : public SafeArray {
     static constexpr const char16_t* ElementRecordName = ValueTypeOf<T>::RecordName;
 
     /// An array that is not allocated: every index is out of range until ReDim.
-    Array() : SafeArray(ElementTypeCode, ElementRecordName) {}
+    Array() noexcept : SafeArray(ElementTypeCode, ElementRecordName) {}
     explicit Array(Bounds bounds) : Array() { Allocate(1, bounds, {0, 0}); }
     Array(Bounds rows, Bounds columns) : Array() { Allocate(2, rows, columns); }
     /// A copy stands in memory of its own.
-    Array(const Array& other) : SafeArray(other), rows_(other.rows_), size_(other.size_) {
-        if (other.memory_) {
-            memory_ = std::make_shared<T[]>(size_);
-            std::copy_n(other.Data(), size_, Data());
+    Array(const Array& other) : Array() {
+        if (other.dimensions_ != 0) {
+            Allocate(other.dimensions_, other.bounds_[0], other.bounds_[1]);
+            std::copy_n(other.data_, Size(), data_);
         }
     }
     Array(Array&& other) noexcept : Array() { Swap(other); }
@@ -150,7 +159,7 @@ class Array final : public SafeArray {
         if (!IsFixed()) {
             Swap(other);
         } else if (HasBounds(other.dimensions_, other.bounds_[0], other.bounds_[1])) {
-            std::move(other.Data(), other.Data() + size_, Data());
+            std::move(other.data_, other.data_ + Size(), data_);
         } else {
             RaiseFixed();
         }
@@ -158,21 +167,21 @@ class Array final : public SafeArray {
     }
 
     T& operator()(int i) {
-        const auto k = static_cast<std::size_t>(i - bounds_[0].Lower);
-        if (dimensions_ != 1 || i < bounds_[0].Lower || k >= rows_) {
+        const std::uint32_t k = Distance(i, bounds_[0].Lower);
+        if (dimensions_ != 1 || k >= rows_) {
             RaiseIndex(i);
         }
-        return Data()[k];
+        return data_[k];
     }
     const T& operator()(int i) const { return const_cast<Array&>(*this)(i); }
 
     T& operator()(int i, int j) {
-        if (dimensions_ != 2 || i < bounds_[0].Lower || i > bounds_[0].Upper ||
-            j < bounds_[1].Lower || j > bounds_[1].Upper) {
+        const std::uint32_t k = Distance(i, bounds_[0].Lower);
+        const std::uint32_t l = Distance(j, bounds_[1].Lower);
+        if (dimensions_ != 2 || k >= rows_ || l >= columns_) {
             RaiseIndex(i, j);
         }
-        return Data()[static_cast<std::size_t>(i - bounds_[0].Lower) +
-                      static_cast<std::size_t>(j - bounds_[1].Lower) * rows_];
+        return data_[k + l * rows_];
     }
     const T& operator()(int i, int j) const { return const_cast<Array&>(*this)(i, j); }
 
@@ -184,15 +193,15 @@ class Array final : public SafeArray {
         if (n < 0) {
             RaiseSize(n);
         }
-        Array fresh(Bounds{0, n});
         if (dimensions_ == 2) {
             RaiseIndex(n);
         }
-        if (dimensions_ == 1) {
-            for (int i = bounds_[0].Lower < 0 ? 0 : bounds_[0].Lower;
-                 i <= n && i <= bounds_[0].Upper; ++i) {
-                fresh(i) = (*this)(i);
-            }
+        Array fresh;
+        fresh.Take(NewElements(1, {0, n}, {0, 0}), 1, {0, n}, {0, 0});
+        const int first = std::max(bounds_[0].Lower, 0);
+        const int last = std::min(bounds_[0].Upper, n);
+        if (dimensions_ == 1 && first <= last) {
+            std::copy_n(&(*this)(first), Length({first, last}), &fresh(first));
         }
         *this = std::move(fresh);
     }
@@ -203,36 +212,61 @@ class Array final : public SafeArray {
     void Borrow(void* memory, std::shared_ptr<void> owner, Bounds rows, Bounds columns) override {
         BorrowAs(2, memory, std::move(owner), rows, columns);
     }
-    std::shared_ptr<void> Share() const override { return {memory_, memory_.get()}; }
+    std::shared_ptr<void> Share() const override {
+        if (borrowed_ || !data_) {
+            return {owner_, data_};
+        }
+        return {data_, Look{elements_, {}}};
+    }
     std::unique_ptr<SafeArray> NewLike() const override { return std::make_unique<Array>(); }
 
     /// The elements, column by column; the distance between columns is Rows().
-    T* Data() noexcept { return memory_.get(); }
-    const T* Data() const noexcept { return memory_.get(); }
-    void* RawData() noexcept override { return memory_.get(); }
+    T* Data() noexcept { return data_; }
+    const T* Data() const noexcept { return data_; }
+    void* RawData() noexcept override { return data_; }
     std::size_t ElementSize() const noexcept override { return sizeof(T); }
     std::size_t Rows() const noexcept { return rows_; }
-    std::size_t Size() const noexcept { return size_; }
+    std::size_t Size() const noexcept { return rows_ * columns_; }
 
   private:
+    /// Lets go of the memory that somebody looked at.
+    struct Look {
+        ArrayElements<T> Elements;
+        ModuleHold Hold;
+        void operator()(const void* /*memory*/) { Elements = {}; }
+    };
+
     static std::size_t Length(Bounds range) {
         return static_cast<std::size_t>(std::int64_t{range.Upper} - range.Lower + 1);
     }
-    bool IsFixed() const noexcept { return borrowed_ || memory_.use_count() > 1; }
+    /// An index below the lower bound comes out beyond any upper one.
+    static std::uint32_t Distance(int i, int lower) {
+        return static_cast<std::uint32_t>(i) - static_cast<std::uint32_t>(lower);
+    }
+    bool IsFixed() const noexcept { return borrowed_ || elements_.IsShared(); }
+    ArrayElements<T> NewElements(int dimensions, Bounds first, Bounds second) const {
+        ArrayElements<T> fresh;
+        if (CanBeCounted(first, second, sizeof(T))) {
+            fresh = ArrayElements<T>::New(Length(first) * Length(second));
+        }
+        if (!fresh) {
+            RaiseMemory(dimensions, first, second);
+        }
+        return fresh;
+    }
     void Allocate(int dimensions, Bounds first, Bounds second) {
         CheckBounds(first, second);
         if (IsFixed() && !HasBounds(dimensions, first, second)) {
             RaiseFixed();
         }
-        const std::size_t size = Length(first) * Length(second);
-        if (memory_ && size == size_) {
-            std::fill_n(Data(), size_, T());
+        if (dimensions_ != 0 && CanBeCounted(first, second, sizeof(T)) &&
+            Length(first) * Length(second) == Size()) {
+            std::fill_n(data_, Size(), T());
+            TakeShape(dimensions, first, second);
         } else {
-            TakeShape(0, {0, -1}, {0, 0}); // not allocated, should the memory not suffice
-            memory_.reset();
-            memory_ = std::make_shared<T[]>(size);
+            Take({}, 0, {0, -1}, {0, 0}); // the old memory goes before the new one comes
+            Take(NewElements(dimensions, first, second), dimensions, first, second);
         }
-        TakeShape(dimensions, first, second);
     }
     void ReAllocate(int dimensions, int smallest, Bounds first, Bounds second) {
         if (smallest < 0) {
@@ -243,13 +277,23 @@ class Array final : public SafeArray {
     void BorrowAs(int dimensions, void* memory, std::shared_ptr<void> owner, Bounds first,
                   Bounds second) {
         CheckBounds(first, second);
-        memory_ = {std::move(owner), static_cast<T*>(memory)};
+        if (!CanBeCounted(first, second, sizeof(T))) {
+            RaiseMemory(dimensions, first, second);
+        }
+        elements_ = {};
+        data_ = static_cast<T*>(memory);
+        owner_ = std::move(owner);
         borrowed_ = true;
         TakeShape(dimensions, first, second);
     }
-    void TakeShape(int dimensions, Bounds first, Bounds second) {
+    void Take(ArrayElements<T> elements, int dimensions, Bounds first, Bounds second) noexcept {
+        elements_ = std::move(elements);
+        data_ = elements_.Data();
+        TakeShape(dimensions, first, second);
+    }
+    void TakeShape(int dimensions, Bounds first, Bounds second) noexcept {
         rows_ = Length(first);
-        size_ = rows_ * Length(second);
+        columns_ = Length(second);
         dimensions_ = dimensions;
         bounds_[0] = first;
         bounds_[1] = second;
@@ -257,14 +301,18 @@ class Array final : public SafeArray {
     void Swap(Array& other) noexcept {
         SwapShape(other);
         std::swap(rows_, other.rows_);
-        std::swap(size_, other.size_);
-        std::swap(memory_, other.memory_);
+        std::swap(columns_, other.columns_);
+        std::swap(data_, other.data_);
+        std::swap(elements_, other.elements_);
+        std::swap(owner_, other.owner_);
         std::swap(borrowed_, other.borrowed_);
     }
 
     std::size_t rows_ = 0;
-    std::size_t size_ = 0;
-    std::shared_ptr<T[]> memory_;
+    std::size_t columns_ = 0;
+    T* data_ = nullptr; // in the elements' block, or in memory that the owner keeps
+    ArrayElements<T> elements_;
+    std::shared_ptr<void> owner_;
     bool borrowed_ = false;
 };
 

@@ -1,7 +1,8 @@
 #pragma once
 // What every object behind an interface shares: it counts its references, deletes itself with the
-// last one, and hands out the interfaces that it answers to.
+// last one, keeps its module loaded, and hands out the interfaces that it answers to.
 
+#include "torlib/platform/component/module_count.h"
 #include "torlib/platform/component/unknown.h"
 
 #include <atomic>
@@ -15,6 +16,9 @@ class CountedObject : public Interface {
     CountedObject& operator=(const CountedObject&) = delete;
 
     Result QueryInterface(const Guid& interface, void** object) final {
+        if (!object) {
+            return Result::InvalidPointer;
+        }
         if (interface != IidUnknown && !Answers(interface)) {
             *object = Companion(interface);
             return *object ? Result::Ok : Result::NoInterface;
@@ -41,6 +45,7 @@ class CountedObject : public Interface {
     virtual void* Companion(const Guid& /*interface*/) { return nullptr; }
 
   private:
+    ModuleHold hold_;
     std::atomic<std::uint32_t> references_;
 };
 

@@ -2,6 +2,7 @@
 
 #include "torlib/platform/component/counted_object.h"
 #include "torlib/platform/component/event_point.h"
+#include "torlib/platform/component/exception_boundary.h"
 #include "torlib/platform/component/nearest_names.h"
 
 #include <algorithm>
@@ -77,14 +78,9 @@ class DynamicObject::Body final : public CountedObject<Dispatch> {
                 *result = std::move(value);
             }
             return Result::Ok;
-        } catch (const RunTimeError& failure) {
-            *error = {static_cast<int>(failure.Number()), name_ + "." + ToUtf8(member),
-                      failure.Description()};
-        } catch (const std::exception& failure) {
-            *error = {static_cast<int>(ErrorNumber::InvalidArgument), name_ + "." + ToUtf8(member),
-                      failure.what()};
+        } catch (...) {
+            return EndException(error, name_, member, MemberAtWork::Called);
         }
-        return Result::Exception;
     }
 
     std::int32_t NumberOf(std::u16string_view member) override {

@@ -38,6 +38,10 @@ Variant Object::Run(std::u16string_view member, InvokeKind kind,
     ErrorRecord error;
     const Result code = held.dispatch_->Invoke(member, kind, arguments, &result, &error);
     if (code != Result::Ok) {
+        if (error.Number == 0) {
+            RaiseError(ErrorNumber::InvalidArgument,
+                       ToUtf8(member) + " failed and the object does not say why");
+        }
         throw RunTimeError(static_cast<ErrorNumber>(error.Number), error.Member, error.Description);
     }
     return result;

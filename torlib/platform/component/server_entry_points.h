@@ -12,6 +12,7 @@ TORLIB_API torlib::Result DllUnregisterServer() noexcept;
 /// Hands out the factory of a class.
 TORLIB_API torlib::Result DllGetClassObject(const torlib::Guid& classId,
                                             const torlib::Guid& interface, void** object) noexcept;
-/// Ok when nothing of the server is in use: no object, no factory, no lock; otherwise False.
+/// Ok when nothing of the server is in use: no object, no factory, no array of its making, no lock;
+/// otherwise False.
 TORLIB_API torlib::Result DllCanUnloadNow() noexcept;
 }

@@ -37,7 +37,10 @@ enum class Result : std::int32_t {
     ClassNotAvailable = -2,
     NoAggregation = -3,
     RegistryFailed = -4,
-    Exception = -5, ///< the error record says what happened
+    Exception = -5,      ///< the error record, where one was given, says what happened
+    InvalidPointer = -6, ///< no place was given for what was asked for
+    NotLocked = -7,      ///< an unlock of a server that is not locked
+    OutOfMemory = -8,
 };
 
 /// What a failed late-bound call carries back.
@@ -72,7 +75,7 @@ struct Argument;
 class Dispatch : public Unknown {
   public:
     /// Calls a member. With PropertyPut the last argument is the new value. By-reference arguments
-    /// are written back, also when the call fails.
+    /// are written back, also when the call fails. `result` and `error` may be null.
     virtual Result Invoke(std::u16string_view member, InvokeKind kind,
                           std::span<Argument> arguments, Variant* result, ErrorRecord* error) = 0;
     /// The number of a member by its name, case-blind: from 1, and the same as long as the object
@@ -86,7 +89,7 @@ class Dispatch : public Unknown {
 class ClassFactory : public Unknown {
   public:
     virtual Result CreateInstance(const Guid& interface, void** object) = 0;
-    /// Keeps the server loaded while locked.
+    /// Keeps the server loaded while locked; NotLocked for an unlock without its lock.
     virtual Result LockServer(bool lock) = 0;
 
   protected:

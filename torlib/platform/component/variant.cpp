@@ -23,18 +23,52 @@ const char* TypeName(ValueType type) {
 
 } // namespace
 
-Variant Variant::Dereferenced() const {
+const Variant& Variant::Last() const {
+    const Variant* last = this;
+    const Variant* behind = this; // at half the pace, so that a ring brings both together
+    bool step = false;
+    while (const auto* next = std::get_if<Variant*>(&last->value_)) {
+        if (!*next) {
+            break;
+        }
+        last = *next;
+        behind = step ? std::get<Variant*>(behind->value_) : behind;
+        step = !step;
+        if (last == behind) {
+            RaiseError(ErrorNumber::TypeMismatch, "the variant refers to itself");
+        }
+    }
+    if (last->IsReference() && last->IsNullReference()) {
+        RaiseError(ErrorNumber::InvalidArgument, "the reference is null");
+    }
+    return *last;
+}
+
+bool Variant::IsNullReference() const {
     return std::visit(
-        [this]<class T>(const T& held) -> Variant {
-            if constexpr (std::is_same_v<T, Variant*>) {
-                return held->Dereferenced();
-            } else if constexpr (std::is_pointer_v<T> && !std::is_same_v<T, SafeArray*>) {
-                return Variant(*held);
+        []<class T>(const T& held) {
+            if constexpr (std::is_pointer_v<T>) {
+                return held == nullptr;
+            } else if constexpr (std::is_same_v<T, RecordReference>) {
+                return held.Name == nullptr || held.Address == nullptr;
             } else {
-                return *this;
+                return false;
             }
         },
         value_);
+}
+
+Variant Variant::Dereferenced() const {
+    const Variant& last = Last();
+    return std::visit(
+        [&last]<class T>(const T& held) -> Variant {
+            if constexpr (std::is_pointer_v<T> && !std::is_same_v<T, SafeArray*>) {
+                return Variant(*held);
+            } else {
+                return last;
+            }
+        },
+        last.value_);
 }
 
 double Variant::ToDouble() const {
@@ -123,6 +157,14 @@ SafeArray& Variant::ToArray() const {
 }
 
 void Variant::Assign(const Variant& value) const {
+    if (!IsReference()) {
+        return;
+    }
+    const Variant& last = Last();
+    if (!last.IsReference()) {
+        const_cast<Variant&>(last) = value.Dereferenced(); // reached by a reference, so not const
+        return;
+    }
     std::visit(Overloaded{
                    [&](std::int16_t* target) { *target = value.ToInteger(); },
                    [&](std::int32_t* target) { *target = value.ToLong(); },
@@ -131,16 +173,9 @@ void Variant::Assign(const Variant& value) const {
                    [&](bool* target) { *target = value.ToBoolean(); },
                    [&](std::u16string* target) { *target = value.ToText(); },
                    [&](Object* target) { *target = value.ToObject(); },
-                   [&](Variant* target) {
-                       if (target->IsReference()) {
-                           target->Assign(value);
-                       } else {
-                           *target = value;
-                       }
-                   },
                    [](const auto&) {},
                },
-               value_);
+               last.value_);
 }
 
 std::string Variant::KindName() const {

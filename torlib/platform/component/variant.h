@@ -64,7 +64,7 @@ class TORLIB_API Variant {
     const Storage& Value() const { return value_; }
 
     // Conversions follow references; numbers round halves to the even neighbour. A value that has
-    // no meaning in the target type raises 13, one outside its range 6.
+    // no meaning in the target type raises 13, one outside its range 6, a null reference 5.
     double ToDouble() const;
     float ToSingle() const;
     std::int16_t ToInteger() const;
@@ -84,6 +84,9 @@ class TORLIB_API Variant {
 
   private:
     static constexpr std::size_t first_reference = 10;
+    /// The variant at the end of the references between variants; a ring of them raises 13.
+    const Variant& Last() const;
+    bool IsNullReference() const;
     [[noreturn]] void RaiseMismatch(const char* wanted) const;
 
     Storage value_;
