@@ -1,6 +1,7 @@
 #pragma once
 // The arguments of one late-bound call, made from Python values, and its results.
 
+#include "hosts/python/constructed.h"
 #include "hosts/python/values.h"
 
 #include "torlib/frame/class_table.h"
@@ -51,3 +52,7 @@ struct Variable {
 };
 
 } // namespace torlib::python
+
+template <>
+struct pybind11::detail::type_caster<torlib::python::Variable>
+    : torlib::python::ConstructedCaster<torlib::python::Variable> {};

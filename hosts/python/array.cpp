@@ -117,7 +117,7 @@ void* AddressOf(SafeArray& array, py::handle index) {
         if (i < range.Lower || i > range.Upper) {
             RaiseError(ErrorNumber::OutOfRange, IndexText(i, range));
         }
-        place += (i - range.Lower) * step;
+        place += (Py_ssize_t{i} - range.Lower) * step;
         step *= Extent(array, d);
     }
     return static_cast<char*>(array.RawData()) +
@@ -162,7 +162,8 @@ void SetItem(const py::object& self, const py::object& index, const py::object& 
 py::iterator Iterate(const py::object& self) {
     const SafeArray& array = *self.cast<const PythonArray&>().Held;
     py::list elements;
-    for (int i = array.LBound(); i <= array.UBound(); ++i) {
+    const Py_ssize_t lower = array.LBound();
+    for (Py_ssize_t i = lower; i <= array.UBound(); ++i) {
         elements.append(GetItem(self, py::int_(i)));
     }
     return py::iter(elements);
@@ -192,12 +193,8 @@ int Refuse(Py_buffer* view, const char* why) {
     return -1;
 }
 
-int GetBuffer(PyObject* self, Py_buffer* view, int flags) {
-    py::detail::make_caster<PythonArray> owner;
-    if (!owner.load(self, false) || !static_cast<PythonArray*>(owner)) {
-        return Refuse(view, "the array is not initialised");
-    }
-    const SafeArray& array = *static_cast<PythonArray*>(owner)->Held;
+int FillBuffer(PyObject* self, Py_buffer* view, int flags) {
+    const SafeArray& array = *py::handle(self).cast<const PythonArray&>().Held;
     const int dimensions = array.Dimensions();
     std::string format = ElementFormat(array.ElementType(), array.RecordName());
     if (format.empty()) {
@@ -225,6 +222,15 @@ int GetBuffer(PyObject* self, Py_buffer* view, int flags) {
     view->strides = (flags & PyBUF_STRIDES) == PyBUF_STRIDES ? look->Strides.data() : nullptr;
     view->internal = look;
     return 0;
+}
+
+/// Called by the interpreter, which knows nothing of exceptions.
+int GetBuffer(PyObject* self, Py_buffer* view, int flags) {
+    try {
+        return FillBuffer(self, view, flags);
+    } catch (const std::exception& failure) {
+        return Refuse(view, failure.what());
+    }
 }
 
 void ReleaseBuffer(PyObject* /*self*/, Py_buffer* view) {

@@ -2,6 +2,7 @@
 // torlib.Array: an array of the library with any bounds, seen from Python. Its memory is shared
 // with NumPy through the buffer protocol; while somebody looks at it the array keeps its bounds.
 
+#include "hosts/python/constructed.h"
 #include "hosts/python/values.h"
 
 #include <memory>
@@ -26,3 +27,7 @@ std::string ElementName(ValueType type, const char16_t* recordName);
 void BindArray(py::module_& module);
 
 } // namespace torlib::python
+
+template <>
+struct pybind11::detail::type_caster<torlib::python::PythonArray>
+    : torlib::python::ConstructedCaster<torlib::python::PythonArray> {};

@@ -8,6 +8,7 @@
 #include "torlib/frame/class_object.h"
 #include "torlib/platform/component/counted_object.h"
 #include "torlib/platform/component/create_object.h"
+#include "torlib/platform/component/exception_boundary.h"
 #include "torlib/platform/component/nearest_names.h"
 #include "torlib/server/class_list.h"
 
@@ -34,7 +35,11 @@ py::str AttributeName(py::handle object, std::u16string_view name) {
     if (py::hasattr(object, exact)) {
         return exact;
     }
-    for (const py::handle known : py::reinterpret_steal<py::list>(PyObject_Dir(object.ptr()))) {
+    const auto all = py::reinterpret_steal<py::list>(PyObject_Dir(object.ptr()));
+    if (!all) {
+        throw py::error_already_set();
+    }
+    for (const py::handle known : all) {
         if (SameName(TextFromPython(known), name)) {
             return py::reinterpret_borrow<py::str>(known);
         }
@@ -64,12 +69,9 @@ class PythonObject final : public CountedObject<Dispatch> {
                 *result = std::move(value);
             }
             return Result::Ok;
-        } catch (py::error_already_set& failure) {
-            *error = RunningCall::KeepError(failure, Label(member));
-        } catch (const RunTimeError& failure) {
-            *error = {static_cast<int>(failure.Number()), Label(member), failure.Description()};
+        } catch (...) {
+            return EndCall(error, member);
         }
-        return Result::Exception;
     }
 
     /// Names are numbered as they are asked for.
@@ -79,7 +81,7 @@ class PythonObject final : public CountedObject<Dispatch> {
             if (!py::hasattr(object_, AttributeName(object_, member))) {
                 return 0;
             }
-        } catch (const py::error_already_set&) {
+        } catch (const std::exception&) {
             return 0;
         }
         const auto at =
@@ -100,8 +102,25 @@ class PythonObject final : public CountedObject<Dispatch> {
     }
 
   private:
-    std::string Label(std::u16string_view member) const {
-        return std::string(Py_TYPE(object_.ptr())->tp_name) + "." + ToUtf8(member);
+    std::string TypeName() const { return Py_TYPE(object_.ptr())->tp_name; }
+
+    /// The exception that is being handled: one of Python's is kept for the running call.
+    Result EndCall(ErrorRecord* error, std::u16string_view member) const noexcept {
+        try {
+            try {
+                throw;
+            } catch (const py::error_already_set& failure) {
+                ErrorRecord record =
+                    RunningCall::KeepError(failure, TypeName() + "." + ToUtf8(member));
+                if (error) {
+                    *error = std::move(record);
+                }
+                return Result::Exception;
+            }
+        } catch (...) { // also what describing the exception itself has raised
+            return EndException(error, Py_TYPE(object_.ptr())->tp_name, member,
+                                MemberAtWork::Called);
+        }
     }
 
     static void Split(std::span<Argument> arguments, py::list& positional, py::dict& named) {
@@ -141,6 +160,9 @@ class PythonObject final : public CountedObject<Dispatch> {
     /// With indices: a method is called with the value last, anything else takes an item; an object
     /// without a member Item is its own.
     Variant Put(std::u16string_view member, std::span<Argument> arguments) {
+        if (arguments.empty()) {
+            RaiseError(ErrorNumber::WrongArgumentCount, "the new value is missing");
+        }
         const py::str name = AttributeName(object_, member);
         const py::object value = ToPython(arguments.back().Value);
         if (arguments.size() == 1) {

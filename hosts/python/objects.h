@@ -2,6 +2,7 @@
 // Objects in both directions: a late-bound object of the library seen from Python, and any Python
 // object seen by the library, which asks for its members by name.
 
+#include "hosts/python/constructed.h"
 #include "hosts/python/values.h"
 
 namespace torlib::python {
@@ -21,3 +22,7 @@ Object ObjectFromPython(py::handle object);
 void BindObject(py::module_& module);
 
 } // namespace torlib::python
+
+template <>
+struct pybind11::detail::type_caster<torlib::python::LibraryObject>
+    : torlib::python::ConstructedCaster<torlib::python::LibraryObject> {};

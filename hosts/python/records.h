@@ -2,6 +2,7 @@
 // The published records in Python: an object with the record's fields, either with memory of its
 // own or looking at the element of an array.
 
+#include "hosts/python/constructed.h"
 #include "hosts/python/values.h"
 
 #include "torlib/frame/record_table.h"
@@ -30,3 +31,7 @@ std::string RecordFormat(std::u16string_view name);
 void BindRecord(py::module_& module);
 
 } // namespace torlib::python
+
+template <>
+struct pybind11::detail::type_caster<torlib::python::PythonRecord>
+    : torlib::python::ConstructedCaster<torlib::python::PythonRecord> {};

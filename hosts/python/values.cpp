@@ -92,7 +92,7 @@ py::object ToPython(const Variant& value, const char16_t* typeName) {
             } else if constexpr (std::is_same_v<T, Object>) {
                 return WrapObject(held);
             } else if constexpr (std::is_same_v<T, std::shared_ptr<SafeArray>>) {
-                return py::cast(PythonArray{held});
+                return held ? py::cast(PythonArray{held}) : py::none();
             } else if constexpr (std::is_same_v<T, SafeArray*>) {
                 return py::cast(PythonArray{SharedView(*held)});
             } else if constexpr (std::is_same_v<T, RecordReference>) {

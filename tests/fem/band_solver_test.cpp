@@ -12,6 +12,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
+#include <new>
 #include <optional>
 #include <ostream>
 #include <random>
@@ -384,6 +385,8 @@ TEST(SolveMatrix, HoldsItsArraysAgainstHandlersThatResizeThem) {
 TEST(SolveMatrix, ShowsItsProgressAndStopsWhenCancelled) {
     System s = MakeSystem(Kind::Dominant, 4, 9);
     EXPECT_EQ(test::ErrorOf([&] { FEM_Class().SolveMatrix(4, 9, s.A, s.Q, {}, true); }), 91);
+    PostEvent([] { throw std::bad_alloc(); });
+    EXPECT_EQ(test::ErrorOf([&] { FEM_Class().SolveMatrix(4, 9, s.A, s.Q); }), 7);
     ExitControlState() = ExitCancelRequested;
     EXPECT_TRUE(FEM_Class().SolveMatrix(4, 9, s.A, s.Q));
     ExitControlState() = ExitRunning;

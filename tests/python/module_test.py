@@ -81,6 +81,42 @@ class Arrays(unittest.TestCase):
         del a
         self.assertEqual(last[5], 8)
 
+    def test_extreme_bounds(self):
+        low, high = -2**31, 2**31 - 1
+        for bounds in [((low, high), (low, high)), (high, high), ((1, 2**30), (0, high))]:
+            self.assertEqual(error_of(torlib.Array, *bounds, dtype=float)[0], 7, bounds)
+        for lower, upper in (low, low + 2), (high - 2, high):
+            a = torlib.Array((1, 2), (lower, upper))
+            a[2, lower + 1] = 4
+            self.assertEqual(a[:][1, 1], 4)
+            line = torlib.Array((lower, upper))
+            line[upper] = 3
+            self.assertEqual(list(line), [0, 0, 3])
+            for index in -1, 0, low + 3, high - 3:
+                self.assertEqual(error_of(line.__getitem__, index)[0], 9, index)
+
+    def test_a_solver_holds_its_arrays_against_a_window_that_resizes_them(self):
+        n = 40
+        a, q = torlib.Array((0, n + 1), (0, 2)), torlib.Array((0, n + 1))
+        a[:][1:, 1], a[:][1:, 2], q[:][:] = 4, 1, 1
+        errors = []
+
+        class Part:
+            Max, Visible, Caption = n, False, ""
+
+            def __setattr__(self, name, value):
+                object.__setattr__(self, name, value)
+                if name == "Value":
+                    errors.append(error_of(a.ReDim, 3, 3)[0])
+                    errors.append(error_of(q.ReDimPreserve, 900)[0])
+
+        form = Part()
+        form.PrB, form.lbltime, form.LblStufe = Part(), Part(), Part()
+        torlib.FEM_Class().SolveMatrix(2, n, a, q, form, True, form)
+        self.assertEqual(errors, [10] * 2 * n)
+        self.assertAlmostEqual(4 * q[1] + q[2], 1, places=5)
+        a.ReDim(3, 3)
+
     def test_numpy_arguments(self):
         math = torlib.Math_Class()
         a = numpy.zeros((3, 3), numpy.float32)
@@ -140,6 +176,26 @@ class Calls(unittest.TestCase):
         self.assertIs(type(torlib.CreateObject("torvalib.fem_class")), torlib.FEM_Class)
         self.assertIs(torlib.Default(torlib.Math_Class), torlib.Default(torlib.Math_Class))
         self.assertEqual(error_of(torlib.CreateObject, "TORVALib.Nothing")[0], 429)
+
+
+class Unconstructed(unittest.TestCase):
+    def test_an_instance_without_its_init_is_a_type_error(self):
+        math, array, record, variable = (
+            made.__new__(made) for made in
+            (torlib.Math_Class, torlib.Array, torlib.Vec3, torlib.ByRef))
+        good = torlib.Array(2)
+        for call in (lambda: math.InverseMatrix(1, good, good), lambda: math.Get("x"),
+                     lambda: array[1], lambda: array.ReDim(3), lambda: len(array),
+                     lambda: repr(array), lambda: list(array), lambda: record.x,
+                     lambda: setattr(record, "x", 1), lambda: variable.value,
+                     lambda: torlib.Math_Class().InverseMatrix(1, array, good),
+                     lambda: torlib.Math_Class().Invoke("InverseMatrix", 1, good, variable),
+                     lambda: torlib.TORVAClass().ActivateDoEvents(math),
+                     lambda: setattr(torlib.PlaneData(), "Normal", record)):
+            with self.assertRaisesRegex(TypeError, "__init__ has not been called"):
+                call()
+        with self.assertRaises(BufferError):
+            memoryview(array)
 
 
 class Records(unittest.TestCase):
@@ -210,6 +266,27 @@ class Windows(unittest.TestCase):
             torva.ActivateDoEvents(Window())
         self.assertTrue(torva.ActivateDoEvents(FrmShow=object()), "nothing to ask it for")
         self.assertEqual(error_of(torva.ActivateDoEvents, 3)[0], 424)
+
+    def test_nothing_that_a_window_raises_goes_past_its_door(self):
+        class Unspeakable(Exception):
+            def __str__(self):
+                raise ValueError("no text")
+
+        class Window:
+            def Unload(self):
+                raise Unspeakable
+
+        class Secret:
+            def __dir__(self):
+                raise OSError("hidden")
+
+        torva = torlib.TORVAClass()
+        torva.Exitcontrol = 3
+        self.addCleanup(setattr, torva, "Exitcontrol", 0)
+        self.assertIn("no text", error_of(torva.ActivateDoEvents, Window())[1])
+
+        with self.assertRaises(OSError):
+            torlib.FEM_Class().ProgressBarValue(Secret(), 1, Secret())
 
     def test_control_c_cancels_a_long_solution_and_takes_the_request_back(self):
         n, width = 12000, 600

@@ -78,11 +78,11 @@ class TORLIB_API FEM_Class {
     /// equation whose diagonal is zero gets the solution 0. A handler that runs in an event
     /// meanwhile may read A and Q, but sees rows that lag, since part of the band is kept elsewhere
     /// then; what it writes may be lost; new bounds are error 10 to it, as the solver holds both.
-    /// Errors: 6 when a value overflows; 9 for an index outside the arrays; with progress those of
-    /// ProgressBarValue, such as 91 when form or status bar is missing.
-    /// Source: Bathe (1996), Finite Element Procedures, section 8.2.
-    /// Deviations: every entry is rounded to 32 bits after each update, in ascending pivot order; a
-    /// zero diagonal becomes 1.0E-10 with a zero right-hand side.
+    /// Errors: 6 when a value overflows; 7 without memory for the band once more; 9 for an index
+    /// outside the arrays; with progress those of ProgressBarValue, such as 91 when form or status
+    /// bar is missing. Source: Bathe (1996), Finite Element Procedures, section 8.2. Deviations:
+    /// every entry is rounded to 32 bits after each update, in ascending pivot order; a zero
+    /// diagonal becomes 1.0E-10 with a zero right-hand side.
     bool SolveMatrix(Integer Nw, Integer N3, Array<Single>& A, Array<Single>& Q,
                      const Object& FrmShow = {}, bool PrograssBarMode = false,
                      const Object& ObjStbar = {});
