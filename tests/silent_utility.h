@@ -19,6 +19,7 @@ class SilentUtility : public UtilityServices {
     String FormatValueText(const String&, const std::vector<Variant>&) override { return {}; }
     Single ConvertToSingle(const String&) override { return 0; }
     bool FileIsMissing(const String&) override { return false; }
+    int UpperBound(const SafeArray&, int) override { return 0; }
 
   private:
     bool result_ = false;

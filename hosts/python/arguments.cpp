@@ -23,9 +23,10 @@ bool IsForeignArray(py::handle given) {
 
 RowArguments::RowArguments(const ClassInfo& info, const Member& member, const py::args& given)
     : member_(member) {
+    values_.reserve(member.Count);
     for (std::size_t i = 0; i < member.Count; ++i) {
         try {
-            values_.emplace_back(Convert(i, given[i]));
+            values_.push_back(Convert(i, given[i]));
         } catch (const RunTimeError& error) {
             throw RunTimeError(error.Number(), ToUtf8(info.Name) + "." + ToUtf8(member.Name),
                                ToUtf8(member.Parameters[i].Name) + ": " + error.Description());
@@ -69,7 +70,7 @@ py::object RowArguments::Results(const Variant& result) const {
     for (std::size_t i = 0; i < member_.Count; ++i) {
         const ParameterType& type = member_.Types[i];
         if (type.Writable && IsScalar(type)) {
-            results.append(ToPython(values_[i].Value, type.TypeName));
+            results.append(ToPython(values_[i], type.TypeName));
         }
     }
     if (results.empty()) {

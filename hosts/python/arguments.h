@@ -16,7 +16,7 @@ class RowArguments {
   public:
     RowArguments(const ClassInfo& info, const Member& member, const py::args& given);
 
-    const std::vector<Argument>& Values() const { return values_; }
+    const std::vector<Variant>& Values() const { return values_; }
     /// The result and the scalars that the member may change, in the order of declaration: nothing,
     /// one value, or a tuple.
     py::object Results(const Variant& result) const;
@@ -26,7 +26,7 @@ class RowArguments {
     Variant ConvertArray(const ParameterType& type, py::handle given);
 
     const Member& member_;
-    std::vector<Argument> values_;
+    std::vector<Variant> values_;
     std::deque<Variant> variables_;
     std::vector<std::unique_ptr<SafeArray>> borrowed_;
 };

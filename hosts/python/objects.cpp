@@ -74,24 +74,28 @@ class PythonObject final : public CountedObject<Dispatch> {
         }
     }
 
-    /// Names are numbered as they are asked for.
+    /// A number stands for the name: what Python finds under it may change from call to call.
     std::int32_t NumberOf(std::u16string_view member) override {
         const py::gil_scoped_acquire gil;
         try {
-            if (!py::hasattr(object_, AttributeName(object_, member))) {
-                return 0;
-            }
+            const py::str name = AttributeName(object_, member);
+            return py::hasattr(object_, name) ? NumberOfName(TextFromPython(name)) : 0;
         } catch (const std::exception&) {
             return 0;
         }
-        const auto at =
-            std::find_if(names_.begin(), names_.end(),
-                         [member](const std::u16string& known) { return SameName(known, member); });
-        if (at == names_.end()) {
-            names_.emplace_back(member);
-            return static_cast<std::int32_t>(names_.size());
+    }
+    std::int32_t ParameterNumberOf(std::int32_t, std::u16string_view parameter) override {
+        return NumberOfName(std::u16string(parameter));
+    }
+    Result InvokeNumber(std::int32_t member, InvokeKind kind, std::span<const Variant> arguments,
+                        std::span<const std::int32_t> named, Variant* result,
+                        ErrorRecord* error) override {
+        std::vector<Argument> values(arguments.begin(), arguments.end());
+        const std::size_t positional = values.size() - std::min(named.size(), values.size());
+        for (std::size_t i = positional; i < values.size(); ++i) {
+            values[i].Name = NameOfNumber(named[i - positional]);
         }
-        return static_cast<std::int32_t>(at - names_.begin()) + 1;
+        return Invoke(NameOfNumber(member), kind, values, result, error);
     }
 
     const py::object& Value() const { return object_; }
@@ -182,8 +186,22 @@ class PythonObject final : public CountedObject<Dispatch> {
         return {};
     }
 
+    std::int32_t NumberOfName(const std::u16string& name) {
+        const auto at = std::find(names_.begin(), names_.end(), name);
+        if (at != names_.end()) {
+            return static_cast<std::int32_t>(at - names_.begin()) + 1;
+        }
+        names_.push_back(name);
+        return static_cast<std::int32_t>(names_.size());
+    }
+    std::u16string NameOfNumber(std::int32_t number) const {
+        const auto place = static_cast<std::size_t>(number) - 1;
+        return place < names_.size() ? names_[place]
+                                     : u"member_" + FromUtf8(std::to_string(number));
+    }
+
     py::object object_;
-    std::vector<std::u16string> names_;
+    std::vector<std::u16string> names_; // of members and parameters that were given a number
 };
 
 /// Live Python instances of library objects by the object's address.

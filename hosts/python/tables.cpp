@@ -23,19 +23,29 @@ py::dict& Published() {
 struct Row {
     const ClassInfo* Class;
     const Member* Of;
+    std::int32_t Number;
 };
 
+/// The numbers of a class's members are those of its own objects alone.
+void RequireClass(const Row& row, const Object& object) {
+    void* found = nullptr;
+    if (!object || object.Pointer()->QueryInterface(row.Class->InterfaceId, &found) != Result::Ok) {
+        RaiseError(ErrorNumber::TypeMismatch, ToUtf8(row.Of->Name) + " is a member of " +
+                                                  ToUtf8(row.Class->Name) +
+                                                  ", which the object is not");
+    }
+    static_cast<Dispatch*>(found)->Release();
+}
+
 py::object CallRow(const Row& row, const LibraryObject& self, const py::args& given) {
+    RequireClass(row, self.Held);
     const RowArguments arguments(*row.Class, *row.Of, given);
     RunningCall call;
     const Variant result = call.Run([&] {
         if (row.Of->Kind != MemberKind::PropertyPut) {
-            return self.Held.Invoke(row.Of->Name, arguments.Values());
+            return self.Held.InvokeNumber(row.Number, arguments.Values());
         }
-        std::vector<Argument> indices = arguments.Values();
-        const Variant value = std::move(indices.back().Value);
-        indices.pop_back();
-        self.Held.PutIndexed(row.Of->Name, std::move(indices), value);
+        self.Held.PutNumber(row.Number, arguments.Values());
         return Variant();
     });
     return arguments.Results(result);
@@ -76,7 +86,7 @@ py::tuple MemberData(const ClassInfo& info, const Member& member) {
     }
     return py::make_tuple(TextToPython(member.Name), kinds[static_cast<std::size_t>(member.Kind)],
                           TextToPython(member.Doc), parameters, TypeText(member.Return),
-                          Row{&info, &member});
+                          Row{&info, &member, info.NumberOf(member.Name)});
 }
 
 py::list ClassData() {

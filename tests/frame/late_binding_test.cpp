@@ -308,6 +308,69 @@ TEST_F(LateBinding, AnArrayOutlivesTheVariableThatHeldItUntilTheCallIsOver) {
     EXPECT_EQ(static_cast<float*>(look.get())[1], 2.0F);
 }
 
+TEST_F(LateBinding, AMemberIsKnownByItsNumber) {
+    const std::int32_t weighted = probe.NumberOf(u"wEIGHTED");
+    EXPECT_EQ(weighted, 1);
+    EXPECT_EQ(probe.InvokeNumber(weighted, {3, 0.5, ByRef(A)}).ToDouble(), 3);
+    const std::int32_t places[] = {probe.NumberOf(weighted, u"a"), probe.NumberOf(weighted, u"X")};
+    EXPECT_EQ(probe.InvokeNumber(weighted, {3, ByRef(A), 2}, {places[0], places[1]}).ToDouble(),
+              12);
+    const std::int32_t level = probe.NumberOf(u"Level");
+    EXPECT_EQ(level, 7) << "one number for reading and writing";
+    EXPECT_EQ(probe.NumberOf(level, u"NewValue"), 1);
+    probe.PutNumber(level, 70000);
+    EXPECT_EQ(probe.InvokeNumber(level).ToLong(), 70000);
+    DynamicObject form("Form");
+    form.Define(u"Caption", u"a").Define(u"Max", 1);
+    const std::int32_t max = form.Reference().NumberOf(u"max");
+    form.Define(u"Value", 2).Reference().PutNumber(max, 5);
+    EXPECT_EQ(form.Reference().InvokeNumber(max).ToLong(), 5);
+    EXPECT_EQ(form.Value(u"Max").ToLong(), 5);
+}
+
+TEST_F(LateBinding, AWrongNumberSaysSo) {
+    const Object form = DynamicObject("Form").Define(u"Max", 1).Reference();
+    const Object none;
+    const std::pair<std::function<void()>, const char*> cases[] = {
+        {[&] { probe.NumberOf(u"Later"); }, "the object has no member Later (error 438)"},
+        {[&] { probe.NumberOf(1, u"Bigg"); }, "there is no parameter Bigg (error 448)"},
+        {[&] { probe.NumberOf(99, u"N"); }, "there is no parameter N (error 448)"},
+        {[&] { probe.InvokeNumber(1, {}); },
+         "Probe.Weighted: N: the argument is not optional (error 449)"},
+        {[&] {
+             probe.InvokeNumber(1, {1, 2, ByRef(A), 4, 5});
+         },
+         "Probe.Weighted: at most 4 arguments are possible (error 450)"},
+        {[&] {
+             probe.InvokeNumber(1, {1, 2, 3}, {2, 2});
+         },
+         "Probe.Weighted: the argument x is given twice (error 450)"},
+        {[&] {
+             probe.InvokeNumber(1, {1}, {1, 2});
+         },
+         "Probe.Weighted: more parameters are named than arguments given (error 450)"},
+        {[&] { probe.InvokeNumber(1, {1}, {5}); },
+         "Probe.Weighted: there is no parameter of the number 5 (error 448)"},
+        {[&] { probe.InvokeNumber(1, {1}, {0}); },
+         "Probe.Weighted: there is no parameter of the number 0 (error 448)"},
+        {[&] { probe.PutNumber(1, 1); },
+         "Probe.member by number: Probe has no member of the number 1 of this use (error 438)"},
+        {[&] { form.InvokeNumber(2); }, "Form.member by number: Form has no member of the number 2 "
+                                        "(error 438)"},
+        {[&] { form.PutNumber(0, 1); }, "Form.member by number: Form has no member of the number 0 "
+                                        "(error 438)"},
+        {[&] { none.NumberOf(u"Max"); }, "there is no object to ask for Max (error 91)"},
+        {[&] { none.InvokeNumber(1); }, "there is no object to ask for a member by number (error "
+                                        "91)"},
+    };
+    for (const auto& [call, wanted] : cases) {
+        EXPECT_EQ(ErrorText(call), wanted);
+    }
+    for (const std::int32_t number : {-1, 0, 4, 8, 9}) { // 4 is reserved, 8 writes what 7 reads
+        EXPECT_EQ(test::ErrorOf([&] { probe.InvokeNumber(number); }), 438) << number;
+    }
+}
+
 TEST_F(LateBinding, InterfacesAndLifetimeAreCounted) {
     const long before = LiveInModule();
     const int instances = Probe::living;
@@ -322,6 +385,12 @@ TEST_F(LateBinding, InterfacesAndLifetimeAreCounted) {
     EXPECT_EQ(Probe::living, instances + 1) << "the second reference keeps it";
     ErrorRecord error;
     EXPECT_EQ(held->Invoke(u"Level", InvokeKind::PropertyGet, {}, nullptr, &error), Result::Ok);
+    const Object form = DynamicObject().Reference();
+    for (Dispatch* object : {held, form.Pointer()}) {
+        EXPECT_EQ(object->Invoke(u"None", InvokeKind::Method, {}, nullptr, nullptr),
+                  Result::Exception)
+            << "an error record is not needed";
+    }
     EXPECT_EQ(held->Release(), 0U);
     EXPECT_EQ(Probe::living, instances);
     EXPECT_EQ(LiveInModule(), before);

@@ -1,6 +1,6 @@
 // Polygons and point lists: section properties, angular sort, point in polygon, repeated point.
 
-#include "tests/error_of.h"
+#include "tests/error_text.h"
 #include "torlib/geometry/geometry_class.h"
 
 #include <gtest/gtest.h>
@@ -85,7 +85,9 @@ TEST(SectionProperties, OfDegenerateAndShortInput) {
               6);
     EXPECT_EQ(area.Value(), 0x1p69) << "the caller's variables hold the sums up to the overflow";
     EXPECT_EQ(sums[1].Value(), 0);
-    EXPECT_EQ(ErrorOf([&] { geometry.SortingPolygonPoints(-1, line.x, line.Y, line.Node); }), 9);
+    EXPECT_EQ(
+        test::ErrorText([&] { geometry.SortingPolygonPoints(-1, line.x, line.Y, line.Node); }),
+        "Geometry_Class.SortingPolygonPoints: N: cannot have the size -1 (error 9)");
     for (const int N : {0, 32767}) {
         EXPECT_EQ(ErrorOf([&] { geometry.Querschnittswerte(N, line.x, line.Y, area); }), 6);
     }

@@ -87,8 +87,7 @@ json Called(const ClassInfo& info, const Member& member, unsigned seed, unsigned
     Variant result;
     call["error"] = nullptr;
     try {
-        member.Call(instance.get(), arguments.Values(),
-                    std::span(member.Parameters).first(member.Count), &result);
+        member.Run(instance.get(), arguments.Values(), &result);
     } catch (const RunTimeError& error) {
         call["error"] = {static_cast<int>(error.Number()), error.what()};
     }

@@ -45,7 +45,7 @@ std::string Outcome(const Member& member, unsigned seed, unsigned shape, const C
 auto Early(const Member& member, void* instance) {
     return [&member, instance](const std::vector<Variant>& values) {
         Variant result;
-        member.Call(instance, values, std::span(member.Parameters).first(member.Count), &result);
+        member.Run(instance, values, &result);
         return result;
     };
 }
@@ -68,6 +68,22 @@ auto Late(const Member& member, const Object& object, bool named) {
             std::reverse(arguments.begin(), arguments.end());
         }
         return object.Invoke(member.Name, std::move(arguments));
+    };
+}
+
+/// By number; the first half of the arguments at their positions, the others by number.
+auto Numbered(const Member& member, const Object& object) {
+    return [&member, object](const std::vector<Variant>& values) {
+        const std::int32_t number = object.NumberOf(member.Name);
+        if (member.Kind == MemberKind::PropertyPut) {
+            object.PutNumber(number, values);
+            return Variant();
+        }
+        std::vector<std::int32_t> named;
+        for (std::size_t i = values.size() / 2; i < values.size(); ++i) {
+            named.push_back(object.NumberOf(number, member.Parameters[i].Name));
+        }
+        return object.InvokeNumber(number, values, named);
     };
 }
 
@@ -101,11 +117,72 @@ TEST_F(SameBits, EveryMemberOfEveryClassInAllFourWays) {
                     << where << ", created by identifier";
                 ASSERT_EQ(early, Outcome(member, seed, shape, Late(member, registered, false)))
                     << where << ", default instance by identifier";
+                ASSERT_EQ(early, Outcome(member, seed, shape, Numbered(member, created)))
+                    << where << ", by number";
             }
             EXPECT_GT(completed, 0) << className << "." << ToUtf8(member.Name)
                                     << " never came to its end: the walk shows little";
         }
     }
+}
+
+/// Calls f(class, member, place of the parameter) for every parameter of every member.
+template <class F>
+void ForEachParameter(const F& f) {
+    for (const ClassInfo* info : BuiltClasses()) {
+        for (const Member& member : info->Members) {
+            for (std::size_t i = 0; i < member.Count; ++i) {
+                f(*info, member, i);
+            }
+        }
+    }
+}
+
+std::string PlaceText(const ClassInfo& info, const Member& member, std::size_t i) {
+    return ToUtf8(info.Name) + "." + ToUtf8(member.Name) + ": " + ToUtf8(member.Parameters[i].Name);
+}
+
+TEST_F(SameBits, ARequiredArgumentThatIsLeftOutIs449) {
+    int refusals = 0;
+    ForEachParameter([&](const ClassInfo& info, const Member& member, std::size_t i) {
+        if (member.Parameters[i].Default != Parameter::DefaultKind::Required) {
+            return;
+        }
+        const test::GeneratedArguments arguments(member, 1, 0);
+        std::vector<Variant> values = arguments.Values();
+        values[i] = Missing();
+        const std::string before = arguments.State();
+        EXPECT_EQ(test::ErrorText([&] { Late(member, NewObject(info), false)(values); }),
+                  PlaceText(info, member, i) + ": the argument is not optional (error 449)");
+        EXPECT_EQ(arguments.State(), before) << PlaceText(info, member, i);
+        ++refusals;
+    });
+    EXPECT_GT(refusals, 500);
+}
+
+TEST_F(SameBits, ALeftOutArgumentIsItsListedDefault) {
+    int defaults = 0;
+    ForEachParameter([&](const ClassInfo& info, const Member& member, std::size_t i) {
+        const Parameter& parameter = member.Parameters[i];
+        const bool flag = parameter.Default == Parameter::DefaultKind::Boolean;
+        if (!flag && parameter.Default != Parameter::DefaultKind::Number) {
+            return;
+        }
+        for (const unsigned seed : {1U, 2U, 3U}) {
+            const auto with = [&](const Variant& value) {
+                return [&, value](std::vector<Variant> values) {
+                    values[i] = value;
+                    return Late(member, NewObject(info), false)(values);
+                };
+            };
+            const Variant listed = flag ? Variant(parameter.Value != 0) : Variant(parameter.Value);
+            EXPECT_EQ(Outcome(member, seed, 0, with(Missing())),
+                      Outcome(member, seed, 0, with(listed)))
+                << PlaceText(info, member, i);
+        }
+        ++defaults;
+    });
+    EXPECT_GT(defaults, 1);
 }
 
 } // namespace

@@ -68,8 +68,10 @@ concept PublishedRecord = requires {
 
 namespace table {
 
-/// The argument, or the parameter's default when it was left out.
-TORLIB_API Variant Effective(const CastSource& source);
+/// The default of a parameter whose argument was left out; a required one raises 449.
+TORLIB_API Variant DefaultOf(const Parameter& parameter);
+/// Whether two values are of the same kind and have the same bits.
+TORLIB_API bool SameVariant(const Variant& a, const Variant& b);
 /// The caller's array when its elements are of this type, kept alive should the variable that holds
 /// it be given another value meanwhile; otherwise raises 13 naming the parameter.
 TORLIB_API std::shared_ptr<SafeArray> CheckedArray(const CastSource& source, ValueType type,
@@ -127,7 +129,8 @@ struct Description<Array<T>> {
 };
 template <class T>
 struct Description<OptionalRef<T>> {
-    static constexpr ParameterType Value{ValueTypeOf<T>::Type, nullptr, false, true, true};
+    static constexpr ParameterType Value{Description<T>::Value.Type, Description<T>::Value.TypeName,
+                                         false, true, true};
 };
 
 template <class P>
@@ -135,9 +138,7 @@ constexpr ParameterType TypeOf() {
     ParameterType type = Description<std::remove_cvref_t<P>>::Value;
     if (std::is_reference_v<P>) {
         type.Writable = !std::is_const_v<std::remove_reference_t<P>>;
-        // A text or an object passed as a constant reference is a value to the caller.
-        type.ByReference = type.Writable || type.IsArray ||
-                           (type.Type != ValueType::Object && type.Type != ValueType::String);
+        type.ByReference = true;
     }
     return type;
 }
@@ -154,7 +155,9 @@ Variant ToVariant(const T& value) {
 /// Whether two stored values have the same bits: 0 and -0 differ.
 template <class T>
 bool Same(const T& a, const T& b) {
-    if constexpr (std::is_trivially_copyable_v<T>) {
+    if constexpr (std::is_same_v<T, Variant>) {
+        return SameVariant(a, b);
+    } else if constexpr (std::is_trivially_copyable_v<T>) {
         using Bytes = std::array<std::byte, sizeof(T)>;
         return std::bit_cast<Bytes>(a) == std::bit_cast<Bytes>(b);
     } else {
@@ -162,15 +165,17 @@ bool Same(const T& a, const T& b) {
     }
 }
 
-/// Converts, and names the parameter in the error of a failed conversion.
+/// Converts the argument, or the default when it was left out, and names the parameter in the error
+/// of a failed conversion. A variant without a default stays missing.
 template <class T>
 T Convert(const CastSource& source) {
+    const bool missing = source.Value.IsMissing();
     try {
-        if constexpr (std::is_same_v<T, Variant>) {
-            return source.Value.IsMissing() ? source.Value : Effective(source);
-        } else {
-            return FromVariant<T>(Effective(source));
+        if (!missing ||
+            (std::is_same_v<T, Variant> && source.For.Default == Parameter::DefaultKind::LeftOut)) {
+            return FromVariant<T>(source.Value);
         }
+        return FromVariant<T>(DefaultOf(source.For));
     } catch (const RunTimeError& error) {
         throw RunTimeError(error.Number(), error.Member(),
                            ToUtf8(source.For.Name) + ": " + error.Description());
@@ -194,13 +199,14 @@ class ArgumentCast {
 };
 
 /// A scalar that the member may change. One that it leaves alone is not written back: a double
-/// keeps the digits that a 32-bit parameter cannot hold, an empty variant stays empty.
+/// keeps the digits that a 32-bit parameter cannot hold, an empty variant stays empty. A variant
+/// arrives as the value of the caller's variable.
 template <class T>
 requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T> &&
          !PublishedRecord<T>) class ArgumentCast<T&> {
   public:
     explicit ArgumentCast(const CastSource& source)
-        : target_(source.Value), value_(table::Convert<T>(source)), before_(value_) {}
+        : target_(source.Value), value_(Incoming(source)), before_(value_) {}
     ArgumentCast(const ArgumentCast&) = delete;
     ArgumentCast& operator=(const ArgumentCast&) = delete;
     ~ArgumentCast() {
@@ -225,6 +231,14 @@ requires(!std::is_const_v<T> && !std::is_base_of_v<SafeArray, T> &&
     }
 
   private:
+    static T Incoming(const CastSource& source) {
+        if constexpr (std::is_same_v<T, Variant>) {
+            return table::Convert<T>(source).Dereferenced();
+        } else {
+            return table::Convert<T>(source);
+        }
+    }
+
     const Variant& target_;
     T value_;
     T before_;

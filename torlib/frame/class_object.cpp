@@ -48,27 +48,43 @@ std::size_t PlaceOf(const Member& member, std::u16string_view name) {
                "there is no parameter " + ToUtf8(name) + Suggestion(ToUtf8(name), known));
 }
 
-using Places = std::array<Variant, MaxParameters>;
-
-/// Positional arguments first, then named ones; what is left stays missing.
-void PlaceArguments(const Member& member, std::span<Argument> arguments, Places& places) {
-    std::array<bool, MaxParameters> given{};
-    std::size_t position = 0;
-    for (const Argument& argument : arguments) {
-        const bool positional = argument.Name.empty();
-        if (positional && position >= member.Count) {
-            RaiseError(ErrorNumber::WrongArgumentCount,
-                       "at most " + std::to_string(member.Count) + " arguments are possible");
-        }
-        const std::size_t place = positional ? position++ : PlaceOf(member, argument.Name);
-        if (given[place]) {
-            RaiseError(ErrorNumber::WrongArgumentCount,
-                       "the argument " + ToUtf8(member.Parameters[place].Name) + " is given twice");
-        }
-        given[place] = true;
-        places[place] = argument.Value;
+std::size_t PlaceOf(const Member& member, std::int32_t number) {
+    if (number < 1 || static_cast<std::size_t>(number) > member.Count) {
+        RaiseError(ErrorNumber::NoSuchNamedArgument,
+                   "there is no parameter of the number " + std::to_string(number));
     }
+    return static_cast<std::size_t>(number) - 1;
 }
+
+/// Where the arguments of one call stand; what is left stays missing. Nothing is copied.
+class Places {
+  public:
+    explicit Places(const Member& member) : member_(member) {
+        std::fill_n(places_.begin(), member.Count, &missing);
+    }
+    void Put(std::size_t place, const Variant& value) {
+        if (place >= member_.Count) {
+            RaiseError(ErrorNumber::WrongArgumentCount,
+                       "at most " + std::to_string(member_.Count) + " arguments are possible");
+        }
+        if (places_[place] != &missing) {
+            RaiseError(ErrorNumber::WrongArgumentCount, "the argument " +
+                                                            ToUtf8(member_.Parameters[place].Name) +
+                                                            " is given twice");
+        }
+        places_[place] = &value;
+    }
+    void Call(void* instance, Variant* result) const {
+        Variant ignored;
+        member_.Call(instance, places_.data(), member_.Parameters, result ? result : &ignored);
+    }
+
+  private:
+    static inline const Variant missing{Missing()};
+
+    const Member& member_;
+    std::array<const Variant*, MaxParameters> places_;
+};
 
 class ClassObject final : public CountedObject<Dispatch> {
   public:
@@ -80,20 +96,60 @@ class ClassObject final : public CountedObject<Dispatch> {
         }
     }
 
+    /// Positional arguments first, then named ones.
     Result Invoke(std::u16string_view member, InvokeKind kind, std::span<Argument> arguments,
                   Variant* result, ErrorRecord* error) override {
-        try {
-            const std::string label = ToUtf8(info_.Name) + "." + ToUtf8(member);
-            const MemberScope scope(label.c_str());
-            Variant ignored;
-            Run(member, kind, arguments, result ? result : &ignored);
-            return Result::Ok;
-        } catch (...) {
-            return EndException(error, ToUtf8(info_.Name), member, MemberAtWork::Innermost);
-        }
+        return Answer(member, error, [&] {
+            const Member* const row = info_.Find(member, kind);
+            if (!row) {
+                RaiseUnknownMember(info_, member);
+            }
+            Places places(*row);
+            std::size_t position = 0;
+            for (const Argument& argument : arguments) {
+                places.Put(argument.Name.empty() ? position++ : PlaceOf(*row, argument.Name),
+                           argument.Value);
+            }
+            places.Call(instance_, result);
+        });
     }
 
     std::int32_t NumberOf(std::u16string_view member) override { return info_.NumberOf(member); }
+
+    std::int32_t ParameterNumberOf(std::int32_t member, std::u16string_view parameter) override {
+        // Writing a property has the parameters of reading it and the new value.
+        const Member* row = info_.Find(member, InvokeKind::PropertyPut);
+        row = row ? row : info_.Find(member, InvokeKind::MethodOrGet);
+        for (std::size_t i = 0; row && i < row->Count; ++i) {
+            if (SameName(row->Parameters[i].Name, parameter)) {
+                return static_cast<std::int32_t>(i) + 1;
+            }
+        }
+        return 0;
+    }
+
+    Result InvokeNumber(std::int32_t member, InvokeKind kind, std::span<const Variant> arguments,
+                        std::span<const std::int32_t> named, Variant* result,
+                        ErrorRecord* error) override {
+        const Member* const row = info_.Find(member, kind);
+        return Answer(row ? row->Name : u"member by number", error, [&] {
+            if (!row) {
+                RaiseError(ErrorNumber::NoSuchMember, ToUtf8(info_.Name) +
+                                                          " has no member of the number " +
+                                                          std::to_string(member) + " of this use");
+            }
+            if (named.size() > arguments.size()) {
+                RaiseError(ErrorNumber::WrongArgumentCount,
+                           "more parameters are named than arguments given");
+            }
+            Places places(*row);
+            const std::size_t positional = arguments.size() - named.size();
+            for (std::size_t i = 0; i < arguments.size(); ++i) {
+                places.Put(i < positional ? i : PlaceOf(*row, named[i - positional]), arguments[i]);
+            }
+            places.Call(instance_, result);
+        });
+    }
 
   protected:
     bool Answers(const Guid& interface) const override {
@@ -109,17 +165,17 @@ class ClassObject final : public CountedObject<Dispatch> {
     }
 
   private:
-    void Run(std::u16string_view name, InvokeKind kind, std::span<Argument> arguments,
-             Variant* result) {
-        const Member* member = info_.Find(name, kind);
-        if (!member) {
-            RaiseUnknownMember(info_, name);
+    /// The one place where exceptions become error records. What fails before the member is at
+    /// work bears the name that was called; the text is made only then.
+    template <class Call>
+    Result Answer(std::u16string_view member, ErrorRecord* error, const Call& call) const {
+        try {
+            const MemberScope scope("");
+            call();
+            return Result::Ok;
+        } catch (...) {
+            return EndException(error, ToUtf8(info_.Name), member, MemberAtWork::Innermost);
         }
-        Places places;
-        places.fill(Missing());
-        PlaceArguments(*member, arguments, places);
-        member->Call(instance_, std::span(places).first(member->Count),
-                     std::span(member->Parameters).first(member->Count), result);
     }
 
     ModuleHold hold_; // the class may be another module's
@@ -130,13 +186,12 @@ class ClassObject final : public CountedObject<Dispatch> {
 
 } // namespace
 
-const Member* ClassInfo::Find(std::u16string_view name, InvokeKind kind) const {
-    for (const Member& member : Members) {
-        if (SameName(member.Name, name) && Fits(member.Kind, kind)) {
-            return &member;
-        }
+void Member::Run(void* instance, std::span<const Variant> arguments, Variant* result) const {
+    std::array<const Variant*, MaxParameters> places{};
+    for (std::size_t i = 0; i < Count; ++i) {
+        places[i] = &arguments[i];
     }
-    return nullptr;
+    Call(instance, places.data(), Parameters, result);
 }
 
 std::int32_t ClassInfo::NumberOf(std::u16string_view name) const {
@@ -144,6 +199,29 @@ std::int32_t ClassInfo::NumberOf(std::u16string_view name) const {
         return member.Kind != MemberKind::Reserved && SameName(member.Name, name);
     });
     return at == Members.end() ? 0 : static_cast<std::int32_t>(at - Members.begin()) + 1;
+}
+
+const Member* ClassInfo::Find(std::int32_t number, InvokeKind kind) const {
+    const auto place = static_cast<std::size_t>(number) - 1;
+    if (place >= Members.size()) {
+        return nullptr;
+    }
+    // The row that writes a property stands behind the one that reads it.
+    const Member* const first = &Members[place];
+    const Member* const second = place + 1 < Members.size() ? first + 1 : nullptr;
+    if (Fits(first->Kind, kind)) {
+        return first;
+    }
+    return second && second->Name == first->Name && Fits(second->Kind, kind) ? second : nullptr;
+}
+
+const Member* ClassInfo::Find(std::u16string_view name, InvokeKind kind) const {
+    for (const Member& member : Members) {
+        if (SameName(member.Name, name) && Fits(member.Kind, kind)) {
+            return &member;
+        }
+    }
+    return nullptr;
 }
 
 Object NewObject(const ClassInfo& info) {
@@ -172,24 +250,6 @@ Variant GivenValue(const CastSource& source) {
 }
 
 } // namespace
-
-Variant Effective(const CastSource& source) {
-    const Parameter& parameter = source.For;
-    if (!source.Value.IsMissing()) {
-        return source.Value;
-    }
-    switch (parameter.Default) {
-        case Parameter::DefaultKind::Boolean:
-            return Variant(parameter.Value != 0);
-        case Parameter::DefaultKind::Number:
-            return Variant(std::int32_t{parameter.Value});
-        case Parameter::DefaultKind::LeftOut:
-            return {};
-        case Parameter::DefaultKind::Required:
-            break;
-    }
-    RaiseError(ErrorNumber::ArgumentNotOptional, "the argument is not optional");
-}
 
 std::shared_ptr<SafeArray> CheckedArray(const CastSource& source, ValueType type,
                                         const char16_t* recordName) {

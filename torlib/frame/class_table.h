@@ -9,7 +9,7 @@
 //              {u"ObjStbar", Omitted}}),
 //         PropertyGet<&TORVAClass::ReadExitcontrol>(u"Exitcontrol", u"..."),
 //         PropertyPut<&TORVAClass::WriteExitcontrol>(u"Exitcontrol", u"...", {u"NewValue"}),
-//         Reserved(u"BeamData"),   // keeps the slot of a member that has no code yet
+//         Reserved(u"BeamData"),   // keeps the number of a member that has no code yet
 //     };
 //     const ClassInfo& FEM_Class::Info() {
 //         static const ClassInfo info = DescribeClass<FEM_Class>(u"FEM_Class", u"...", members);
@@ -21,6 +21,7 @@
 #include "torlib/platform/component/event_point.h"
 #include "torlib/platform/component/module_count.h"
 
+#include <algorithm>
 #include <initializer_list>
 #include <span>
 #include <utility>
@@ -33,8 +34,8 @@ inline constexpr std::size_t MaxParameters = 24;
 
 /// One row of a class table.
 struct Member {
-    using Thunk = void (*)(void* instance, std::span<const Variant> arguments,
-                           std::span<const Parameter> parameters, Variant* result);
+    using Thunk = void (*)(void* instance, const Variant* const* arguments,
+                           const Parameter* parameters, Variant* result);
 
     std::u16string_view Name;
     std::u16string_view Doc;
@@ -44,6 +45,9 @@ struct Member {
     ParameterType Types[MaxParameters] = {};
     ParameterType Return = {};
     Thunk Call = nullptr;
+
+    /// Calls the member of an instance with one argument for each parameter.
+    TORLIB_API void Run(void* instance, std::span<const Variant> arguments, Variant* result) const;
 };
 
 /// The events that a class raises, in the order of the event interface; the rows have no code.
@@ -72,6 +76,8 @@ struct ClassInfo {
     TORLIB_API std::int32_t NumberOf(std::u16string_view name) const;
     /// The row of a member by name (case-blind) and kind of use, or nullptr.
     TORLIB_API const Member* Find(std::u16string_view name, InvokeKind kind) const;
+    /// The row of a member by number and kind of use, or nullptr.
+    TORLIB_API const Member* Find(std::int32_t number, InvokeKind kind) const;
 };
 
 namespace table {
@@ -87,15 +93,78 @@ template <class Indices, class... Args>
 struct CastPack;
 template <std::size_t... I, class... Args>
 struct CastPack<std::index_sequence<I...>, Args...> : CastSlot<I, Args>... {
-    CastPack([[maybe_unused]] std::span<const Variant> arguments,
-             [[maybe_unused]] std::span<const Parameter> parameters)
-        : CastSlot<I, Args>(CastSource{arguments[I], parameters[I]})... {}
+    CastPack([[maybe_unused]] const Variant* const* arguments,
+             [[maybe_unused]] const Parameter* parameters)
+        : CastSlot<I, Args>(CastSource{*arguments[I], parameters[I]})... {}
 
     template <class Function>
     auto Apply(Function function) {
         return function(static_cast<CastSlot<I, Args>&>(*this).Cast...);
     }
 };
+
+/// Refuses at compile time a default that a parameter of this type cannot take.
+template <class P>
+constexpr void CheckDefault(const Parameter& parameter) {
+    using T = std::remove_cvref_t<P>;
+    using Kind = Parameter::DefaultKind;
+    const Kind kind = parameter.Default;
+    if (IsOptionalRef<T> && kind != Kind::LeftOut) {
+        throw "an optional output has no default and cannot be required";
+    }
+    if ((std::is_base_of_v<SafeArray, T> || PublishedRecord<T>)&&kind != Kind::Required) {
+        throw "an array or a record cannot be left out";
+    }
+    if (kind == Kind::Boolean && !std::is_same_v<T, bool> && !std::is_same_v<T, Variant>) {
+        throw "the default is a truth value, the parameter is not";
+    }
+    constexpr bool number = std::is_same_v<T, Integer> || std::is_same_v<T, Single> ||
+                            std::is_same_v<T, Variant> || std::is_enum_v<T> ||
+                            (std::is_arithmetic_v<T> && !std::is_same_v<T, bool>);
+    if (kind == Kind::Number && !number) {
+        throw "the default is a number, the parameter is not";
+    }
+    if (std::is_same_v<T, Integer> && (parameter.Value < -32768 || parameter.Value > 32767)) {
+        throw "the default does not fit its 16-bit parameter";
+    }
+}
+
+constexpr char16_t LowerCase(char16_t c) {
+    return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
+}
+
+/// Whether two names of a table are the same to a caller, who writes them in either case.
+constexpr bool SameTableName(std::u16string_view a, std::u16string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char16_t x, char16_t y) { return LowerCase(x) == LowerCase(y); });
+}
+
+/// Refuses at compile time what the parameters of a row cannot be together.
+constexpr void CheckParameters(const Member& row) {
+    const bool put = row.Kind == MemberKind::PropertyPut;
+    for (std::size_t i = 0; i < row.Count; ++i) {
+        const Parameter& parameter = row.Parameters[i];
+        const bool required = parameter.Default == Parameter::DefaultKind::Required;
+        if (parameter.Name.empty()) {
+            throw "a parameter has no name";
+        }
+        for (std::size_t k = 0; k < i; ++k) {
+            if (SameTableName(row.Parameters[k].Name, parameter.Name)) {
+                throw "two parameters bear one name";
+            }
+        }
+        const bool newValue = put && i + 1 == row.Count;
+        if (newValue ? !required
+                     : i > 0 && required &&
+                           row.Parameters[i - 1].Default != Parameter::DefaultKind::Required) {
+            throw "a required parameter stands behind an optional one, or a new value is optional";
+        }
+    }
+    const bool result = row.Return.Type != ValueType::None;
+    if ((row.Kind == MemberKind::PropertyGet && !result) || (put && (result || row.Count == 0))) {
+        throw "reading a property has a result, writing it a new value and no result";
+    }
+}
 
 /// A row with the types of a member or an event.
 template <class Result, class... Args>
@@ -115,13 +184,16 @@ constexpr Member DescribedRow(std::u16string_view name, std::u16string_view doc,
     if constexpr (!std::is_void_v<Result>) {
         row.Return = TypeOf<Result>();
     }
+    i = 0;
+    (CheckDefault<Args>(row.Parameters[i++]), ...);
+    CheckParameters(row);
     return row;
 }
 
 template <auto Pointer, class Class, class Result, class... Args>
 struct Caller {
-    static void Call(void* instance, std::span<const Variant> arguments,
-                     std::span<const Parameter> parameters, Variant* result) {
+    static void Call(void* instance, const Variant* const* arguments, const Parameter* parameters,
+                     Variant* result) {
         CastPack<std::index_sequence_for<Args...>, Args...> casts(arguments, parameters);
         auto* object = static_cast<Class*>(instance);
         if constexpr (std::is_void_v<Result>) {
@@ -215,7 +287,7 @@ consteval Member Event(std::u16string_view name, std::u16string_view doc,
     return table::EventRow<Signature>::Row(name, doc, parameters);
 }
 
-/// Keeps the slot of a published member that has no code yet; calling it is an unknown member.
+/// Keeps the number of a published member that has no code yet; calling it is an unknown member.
 consteval Member Reserved(std::u16string_view name) {
     Member row;
     row.Name = name;
@@ -231,17 +303,49 @@ concept RaisesEvents = requires(Class& source) {
     { source.Events() } -> std::convertible_to<EventConnections&>;
 };
 
+/// The rows of a class; a table that contradicts itself does not compile.
+class MemberTable {
+  public:
+    consteval MemberTable() = default;
+    template <std::size_t N>
+    consteval MemberTable(const Member (&rows)[N]) : Rows(rows) {
+        for (std::size_t i = 0; i < N; ++i) {
+            for (std::size_t k = 0; k < i; ++k) {
+                CheckPair(rows[k], rows[i], k + 1 == i);
+            }
+        }
+    }
+
+    std::span<const Member> Rows;
+
+  private:
+    static constexpr void CheckPair(const Member& first, const Member& second, bool neighbours) {
+        if (!table::SameTableName(first.Name, second.Name)) {
+            return;
+        }
+        const bool property =
+            first.Kind == MemberKind::PropertyGet && second.Kind == MemberKind::PropertyPut;
+        if (!property || !neighbours || first.Name != second.Name) {
+            throw "one name stands on two rows that do not read and write one property";
+        }
+        const ParameterType& value = second.Types[second.Count - 1];
+        if (second.Count != first.Count + 1 || value.Type != first.Return.Type ||
+            value.TypeName != first.Return.TypeName) {
+            throw "a property is written in another type than it is read, or with other indices";
+        }
+    }
+};
+
 /// Puts a table together with the class's fixed identifiers and, when it raises events, with its
 /// event interface.
 template <class Class>
-ClassInfo DescribeClass(std::u16string_view name, std::u16string_view doc,
-                        std::span<const Member> members) {
+ClassInfo DescribeClass(std::u16string_view name, std::u16string_view doc, MemberTable members) {
     const CatalogueEntry& entry = CatalogueEntryOf(name);
     ClassInfo info{entry.Name,
                    doc,
                    entry.ClassId,
                    entry.InterfaceId,
-                   members,
+                   members.Rows,
                    []() -> void* { return new Class; },
                    [](void* instance) { delete static_cast<Class*>(instance); },
                    []() -> void* { return &Class::DefaultInstance(); }};

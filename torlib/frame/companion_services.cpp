@@ -57,6 +57,9 @@ class PlainUtility final : public UtilityServices {
         std::error_code failure;
         return !std::filesystem::exists(ToUtf8(path), failure);
     }
+    int UpperBound(const SafeArray& array, int dimension) override {
+        return array.UBound(dimension);
+    }
 
   private:
     bool dialogResult_ = false;

@@ -50,6 +50,9 @@ class TORLIB_API UtilityServices {
     /// Text to a 32-bit float, with a point as decimal separator; anything else raises 13.
     virtual Single ConvertToSingle(const String& text) = 0;
     virtual bool FileIsMissing(const String& path) = 0;
+    /// Upper index of dimension 1 or 2 of a caller's array; error 9 for a dimension that is not
+    /// there.
+    virtual int UpperBound(const SafeArray& array, int dimension) = 0;
 };
 
 /// The target drawing surface and the current font settings.

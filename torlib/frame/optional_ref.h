@@ -26,4 +26,9 @@ class OptionalRef {
     T* target_ = nullptr;
 };
 
+template <class T>
+inline constexpr bool IsOptionalRef = false;
+template <class T>
+inline constexpr bool IsOptionalRef<OptionalRef<T>> = true;
+
 } // namespace torlib

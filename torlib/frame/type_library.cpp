@@ -53,14 +53,6 @@ const char* KindText(MemberKind kind) {
     return "reserved";
 }
 
-/// Reading and writing a property are two slots of one member, known by its first slot.
-std::size_t MemberId(const ClassInfo& info, const Member& member) {
-    const auto first =
-        std::find_if(info.Members.begin(), info.Members.end(),
-                     [&member](const Member& other) { return other.Name == member.Name; });
-    return static_cast<std::size_t>(first - info.Members.begin()) + 1;
-}
-
 /// The lines below a member or event: what it does and what it takes.
 std::string DetailsText(const Member& member) {
     std::string text = member.Doc.empty() ? "" : "      \"" + ToUtf8(member.Doc) + "\"\n";
@@ -74,10 +66,12 @@ std::string DetailsText(const Member& member) {
 }
 
 std::string MemberText(const ClassInfo& info, const Member& member) {
-    const auto slot = static_cast<std::size_t>(&member - info.Members.data()) + 1;
-    std::string text = Padded("  slot " + std::to_string(slot), 10) +
-                       Padded("id " + std::to_string(MemberId(info, member)), 7) +
-                       KindText(member.Kind) + " " + ToUtf8(member.Name);
+    // A member that has no code yet keeps the number of its place.
+    const auto place = static_cast<std::int32_t>(&member - info.Members.data()) + 1;
+    const std::int32_t number =
+        member.Kind == MemberKind::Reserved ? place : info.NumberOf(member.Name);
+    std::string text = Padded("  id " + std::to_string(number), 8) + KindText(member.Kind) + " " +
+                       ToUtf8(member.Name);
     if (member.Return.Type != ValueType::None) {
         text += " As " + TypeText(member.Return);
     }
@@ -89,7 +83,7 @@ std::string ClassText(const CatalogueEntry& entry, const ClassInfo* info) {
     std::string text = "\nclass " + name + " " + ToUtf8(GuidText(entry.ClassId)) + "\n  progid " +
                        ToUtf8(LibraryName) + "." + name + ", creatable, application object\n" +
                        "  interface _" + name + " " + ToUtf8(GuidText(entry.InterfaceId)) +
-                       ", dual\n";
+                       ", dispatch by name and by number\n";
     if (const EventInterfaceInfo* events = FindEventInterface(entry.Name)) {
         text += "  events " + ToUtf8(events->Name) + "\n";
     }
@@ -123,7 +117,8 @@ std::string EnumerationText(const EnumerationInfo& enumeration) {
 }
 
 std::string RecordText(const RecordInfo& record) {
-    std::string text = "\nrecord " + ToUtf8(record.Name) + "\n  \"" + ToUtf8(record.Doc) + "\"\n";
+    std::string text = "\nrecord " + ToUtf8(record.Name) + ", " + std::to_string(record.Size) +
+                       " bytes\n  \"" + ToUtf8(record.Doc) + "\"\n";
     for (const RecordField& field : record.Fields) {
         text += "  " + ToUtf8(field.Name);
         if (field.FixedUpper >= 0) {

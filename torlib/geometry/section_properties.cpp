@@ -62,11 +62,11 @@ struct Moments {
 
 void Geometry_Class::SortingPolygonPoints(const Integer& N, Array<Single>& x, Array<Single>& Y,
                                           Array<Integer>& Node) const {
+    Array<Single> angle; // a negative count fails here, so its errors bear the count's name
     const MemberScope scope("Geometry_Class.SortingPolygonPoints", Named("x", x), Named("Y", Y),
-                            Named("Node", Node));
+                            Named("Node", Node), Named("N", angle));
     const Single xc = Mean(N, x);
     const Single yc = Mean(N, Y);
-    Array<Single> angle;
     angle.ReDim(N);
     for (int i : Range(1, N)) {
         angle(i) = Direction(x(i), Y(i), xc, yc);

@@ -72,17 +72,31 @@ class DynamicObject::Body final : public CountedObject<Dispatch> {
 
     Result Invoke(std::u16string_view member, InvokeKind kind, std::span<Argument> arguments,
                   Variant* result, ErrorRecord* error) override {
-        try {
-            Variant value = Run(member, kind, arguments);
-            if (result) {
-                *result = std::move(value);
-            }
-            return Result::Ok;
-        } catch (...) {
-            return EndException(error, name_, member, MemberAtWork::Called);
-        }
+        return Answer(member, result, error, [&] { return Run(Require(member), kind, arguments); });
     }
 
+    std::int32_t ParameterNumberOf(std::int32_t, std::u16string_view) override { return 0; }
+
+    Result InvokeNumber(std::int32_t member, InvokeKind kind, std::span<const Variant> arguments,
+                        std::span<const std::int32_t> named, Variant* result,
+                        ErrorRecord* error) override {
+        const auto place = static_cast<std::size_t>(member) - 1;
+        const bool known = place < slots_.size();
+        const std::u16string name = known ? slots_[place].name : u"member by number";
+        return Answer(name, result, error, [&] {
+            if (!known) {
+                RaiseError(ErrorNumber::NoSuchMember,
+                           name_ + " has no member of the number " + std::to_string(member));
+            }
+            if (!named.empty()) {
+                RaiseError(ErrorNumber::NoSuchNamedArgument, "the parameters have no names");
+            }
+            std::vector<Argument> values(arguments.begin(), arguments.end());
+            return Run(slots_[place], kind, values);
+        });
+    }
+
+    /// The slots keep their places, so a member's number is its place.
     std::int32_t NumberOf(std::u16string_view member) override {
         const auto at = Place(member);
         return at == slots_.end() ? 0 : static_cast<std::int32_t>(at - slots_.begin()) + 1;
@@ -141,8 +155,21 @@ class DynamicObject::Body final : public CountedObject<Dispatch> {
         return at == slots_.end() ? nullptr : &*at;
     }
 
-    Variant Run(std::u16string_view member, InvokeKind kind, std::span<Argument> arguments) {
-        Slot& slot = Require(member);
+    template <class Call>
+    Result Answer(std::u16string_view member, Variant* result, ErrorRecord* error,
+                  const Call& call) const {
+        try {
+            Variant value = call();
+            if (result) {
+                *result = std::move(value);
+            }
+            return Result::Ok;
+        } catch (...) {
+            return EndException(error, name_, member, MemberAtWork::Called);
+        }
+    }
+
+    static Variant Run(Slot& slot, InvokeKind kind, std::span<Argument> arguments) {
         if (slot.method) {
             const Method method = slot.method;
             return method(arguments);

@@ -5,6 +5,9 @@
 //     form.Get(u"PrB").ToObject().Put(u"Value", 3);
 //     fem.Invoke(u"SolveMatrix", {Nw, N3, ByRef(A), ByRef(Q)});
 //     fem.Invoke(u"SolveMatrix", {Nw, N3, ByRef(A), ByRef(Q), {u"PrograssBarMode", true}});
+//
+//     const std::int32_t Kz = piles.NumberOf(u"Kz");   // once; then many calls without the name
+//     stiffness = piles.InvokeNumber(Kz, {load, settlement}).ToDouble();
 
 #include "torlib/platform/component/unknown.h"
 
@@ -60,7 +63,24 @@ class TORLIB_API Object {
     /// Whether the object has a member of this name; no object has none.
     bool Offers(std::u16string_view member) const;
 
+    /// The number of a member, or of a parameter of a numbered member, for the calls below. A name
+    /// that the object does not have raises 438, a parameter's 448.
+    std::int32_t NumberOf(std::u16string_view member) const;
+    std::int32_t NumberOf(std::int32_t member, std::u16string_view parameter) const;
+    /// Calls a method or reads a property. The last arguments are for the parameters whose numbers
+    /// stand in `named`.
+    Variant InvokeNumber(std::int32_t member, std::span<const Variant> arguments = {},
+                         std::span<const std::int32_t> named = {}) const;
+    Variant InvokeNumber(std::int32_t member, std::initializer_list<Variant> arguments,
+                         std::initializer_list<std::int32_t> named = {}) const;
+    /// Sets a property, the new value last, behind the indices if it has any.
+    void PutNumber(std::int32_t property, std::span<const Variant> arguments) const;
+    void PutNumber(std::int32_t property, const Variant& value) const;
+
   private:
+    void RequireObject(std::u16string_view wanted) const;
+    template <class Call>
+    Variant Checked(const Call& call) const;
     Variant Run(std::u16string_view member, InvokeKind kind,
                 std::vector<Argument>& arguments) const;
 

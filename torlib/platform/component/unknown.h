@@ -71,7 +71,7 @@ enum class InvokeKind : std::uint8_t {
 /// One argument of a late-bound call; an empty name means that it stands at its position.
 struct Argument;
 
-/// Late-bound access by member name.
+/// Late-bound access by member name, or by number for a client that calls a member many times.
 class Dispatch : public Unknown {
   public:
     /// Calls a member. With PropertyPut the last argument is the new value. By-reference arguments
@@ -81,6 +81,16 @@ class Dispatch : public Unknown {
     /// The number of a member by its name, case-blind: from 1, and the same as long as the object
     /// lives; 0 when the object has no such member.
     virtual std::int32_t NumberOf(std::u16string_view member) = 0;
+    /// The number of a parameter of a numbered member by its name, case-blind: from 1; 0 when there
+    /// is no such parameter, or when the object does not know its parameters by name.
+    virtual std::int32_t ParameterNumberOf(std::int32_t member, std::u16string_view parameter) = 0;
+    /// Calls a member by its number, otherwise as Invoke does. The last arguments are for the
+    /// parameters whose numbers stand in `named`, in that order; those before stand at their
+    /// positions.
+    virtual Result InvokeNumber(std::int32_t member, InvokeKind kind,
+                                std::span<const Variant> arguments,
+                                std::span<const std::int32_t> named, Variant* result,
+                                ErrorRecord* error) = 0;
 
   protected:
     ~Dispatch() = default;
