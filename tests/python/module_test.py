@@ -8,6 +8,8 @@ import pydoc
 import signal
 import tempfile
 import unittest
+from decimal import Decimal
+from fractions import Fraction
 import weakref
 
 import numpy
@@ -116,6 +118,15 @@ class Arrays(unittest.TestCase):
         self.assertEqual(errors, [10] * 2 * n)
         self.assertAlmostEqual(4 * q[1] + q[2], 1, places=5)
         a.ReDim(3, 3)
+
+    def test_a_variant_takes_any_number(self):
+        corners = numpy.array([0, 0, 2, 2, 0], numpy.float32), numpy.array([0, 0, 0, 2, 2], numpy.float32)
+        inside = torlib.Geometry_Class().PointInPolygon
+        for kind in float, Fraction, Decimal, numpy.float64, numpy.float32, str:
+            self.assertTrue(inside(4, *corners, 1, kind("0.5")), kind)
+            self.assertFalse(inside(4, *corners, 1, kind("2.5")), kind)
+        for kind in int, numpy.int16:
+            self.assertTrue(inside(4, *corners, 1, kind(1)), kind)
 
     def test_numpy_arguments(self):
         math = torlib.Math_Class()
