@@ -240,18 +240,30 @@ Variant InvokeByName(const LibraryObject& self, const std::string& member,
     });
 }
 
-/// The library makes objects of its own classes itself, registered or not.
-Object CreateByIdentifier(const std::string& identifier) {
-    const std::u16string text = FromUtf8(identifier);
+/// The class of this library that an identifier means, or nullptr.
+const ClassInfo* OwnClass(const std::u16string& identifier) {
     const std::u16string prefix = std::u16string(LibraryName) + u".";
     for (const ClassInfo* info : BuiltClasses()) {
         Guid classId;
-        if (SameName(text, prefix + std::u16string(info->Name)) ||
-            (ParseGuid(text, &classId) && classId == info->ClassId)) {
-            return NewObject(*info);
+        if (SameName(identifier, prefix + std::u16string(info->Name)) ||
+            (ParseGuid(identifier, &classId) && classId == info->ClassId)) {
+            return info;
         }
     }
-    return CreateObject(text);
+    return nullptr;
+}
+
+/// The library makes objects of its own classes itself, registered or not.
+Object CreateByIdentifier(const std::string& identifier) {
+    const std::u16string text = FromUtf8(identifier);
+    const ClassInfo* own = OwnClass(text);
+    return own ? NewObject(*own) : CreateObject(text);
+}
+
+/// The name of an own class, or None.
+py::object OwnClassName(const std::string& identifier) {
+    const ClassInfo* own = OwnClass(FromUtf8(identifier));
+    return own ? TextToPython(own->Name) : py::object(py::none());
 }
 
 } // namespace
@@ -309,6 +321,10 @@ void BindObject(py::module_& module) {
             "Invoke(member, *arguments, **named): calls a method.");
     module.def("remember", [](const py::object& instance) {
         Instances()[KeyOf(instance.cast<const LibraryObject&>().Held)] = instance;
+    });
+    module.def("own_class", &OwnClassName);
+    module.def("registered_default", [](const std::string& identifier) {
+        return WrapObject(DefaultObject(FromUtf8(identifier)));
     });
     module.def(
         "CreateObject",

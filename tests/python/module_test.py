@@ -186,7 +186,11 @@ class Calls(unittest.TestCase):
     def test_objects_keep_their_identity(self):
         self.assertIs(type(torlib.CreateObject("torvalib.fem_class")), torlib.FEM_Class)
         self.assertIs(torlib.Default(torlib.Math_Class), torlib.Default(torlib.Math_Class))
-        self.assertEqual(error_of(torlib.CreateObject, "TORVALib.Nothing")[0], 429)
+        self.assertIs(torlib.Default("torvalib.math_class"), torlib.Default(torlib.Math_Class))
+        for make in torlib.CreateObject, torlib.Default:
+            self.assertEqual(error_of(make, "TORVALib.Nothing")[0], 429)
+        mirror_server(self)
+        self.assertIn("no default instance", error_of(torlib.Default, "Test.Mirror")[1])
 
 
 class Unconstructed(unittest.TestCase):

@@ -8,6 +8,7 @@
 #include "torlib/frame/companion_services.h"
 #include "torlib/frame/run_state.h"
 #include "torlib/platform/component/registry.h"
+#include "torlib/platform/windows/events.h"
 #include "torlib/server/class_list.h"
 
 #include <gtest/gtest.h>
@@ -122,6 +123,28 @@ TEST(Threads, ThatUseTheCompanionsFirstGetTheSameOnes) {
             ASSERT_EQ(found[i], found[i - 3]) << round;
         }
     }
+}
+
+TEST(Threads, PostEventsAndPollWhileTheUserInterfaceThreadAloneRunsThem) {
+    constexpr int each = 500;
+    const UserInterfaceThread here;
+    int runs = 0; // not atomic: two threads that ran events would be seen by the sanitizer
+    std::atomic<std::size_t> posting = thread_count;
+    std::thread posters([&] {
+        InThreads([&](std::size_t) {
+            for (int i = 0; i < each; ++i) {
+                PostEvent([&runs] { ++runs; });
+                CheckCancelRequest({});
+            }
+            --posting;
+        });
+    });
+    while (posting > 0) {
+        CheckCancelRequest({});
+    }
+    posters.join();
+    DoEvents();
+    EXPECT_EQ(runs, each * static_cast<int>(thread_count));
 }
 
 TEST(Threads, WriteTheRegistryInTurnsAndReadItWhole) {

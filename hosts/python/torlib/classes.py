@@ -37,10 +37,20 @@ def build(module):
     return published
 
 
-@functools.cache
 def Default(public_class):
-    """The implicit default instance of a public class: Default(torlib.Math_Class)."""
-    return _torlib.default_object(public_class.__name__)
+    """The implicit default instance of a public class: Default(torlib.Math_Class).
+
+    By its identifier, Default("TORVALib.Math_Class"), also that of a class of another server.
+    """
+    if not isinstance(public_class, str):
+        return _own_default(public_class.__name__)
+    name = _torlib.own_class(public_class)
+    return _own_default(name) if name else _torlib.registered_default(public_class)
+
+
+@functools.cache
+def _own_default(name):
+    return _torlib.default_object(name)
 
 
 def _public_class(name, doc, members):
