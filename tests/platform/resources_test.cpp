@@ -76,8 +76,8 @@ TEST_F(Resources, ADamagedFileIsAnErrorAtWorst) {
         for (const char damage : {'\0', '\x7F', '\xFF'}) {
             std::string bytes = whole;
             bytes[at] = damage;
-            const std::string path = Write(bytes);
-            const int number = ErrorOf([&] { FindResource(path, "KIND", 7); });
+            const std::string place = Write(bytes);
+            const int number = ErrorOf([&] { FindResource(place, "KIND", 7); });
             EXPECT_TRUE(number == 0 || number == 5) << at << ": " << number;
         }
     }
