@@ -155,7 +155,11 @@ TEST(DynamicObject, ResetPutsDesignTimeValuesBackAndTellsTheWatchersOfWhatWasWri
     log.clear();
     bar.Reset();
     EXPECT_EQ(log, "");
+    bar.Reference().Put(u"Max", 300);
     bar.Define(u"Max", ValueType::Integer, 7); // another design
+    log.clear();
+    bar.Reset();
+    EXPECT_EQ(log, "");
     bar.Reference().Put(u"Max", 9);
     bar.Reset();
     EXPECT_EQ(bar.Value(u"Max").ToLong(), 7);

@@ -5,10 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <atomic>
+#include <memory>
 #include <thread>
-#include <vector>
 
 namespace torlib {
 namespace {
@@ -86,42 +84,6 @@ TEST(Events, AFailingSourceFailsThePollAndEventsWait) {
     RemoveEventSource(source);
     DoEvents();
     EXPECT_TRUE(ran);
-}
-
-TEST(Events, AnyThreadPostsWhileOthersPoll) {
-    constexpr int posters = 4, each = 3000;
-    std::array<std::atomic<int>, posters> last{};
-    std::atomic<int> ran = 0, disorder = 0, still = posters;
-    std::vector<std::thread> threads;
-    for (int p = 0; p < posters; ++p) {
-        threads.emplace_back([&, p] {
-            for (int i = 1; i <= each; ++i) {
-                PostEvent([&, p, i] {
-                    disorder += last[p].exchange(i) != i - 1;
-                    ++ran;
-                });
-                RemoveEventSource(AddEventSource([] {}));
-            }
-            --still;
-        });
-    }
-    while (still != 0 || ran != posters * each) {
-        DoEvents();
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    EXPECT_EQ(disorder, 0);
-
-    // Two that poll at once: each event runs once.
-    ran = 0;
-    for (int i = 0; i < each; ++i) {
-        PostEvent([&] { ++ran; });
-    }
-    std::thread second([] { DoEvents(); });
-    DoEvents();
-    second.join();
-    EXPECT_EQ(ran, each);
 }
 
 TEST(Events, OnlyTheUserInterfacesThreadRunsThemOnceThereIsOne) {

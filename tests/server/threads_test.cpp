@@ -19,6 +19,7 @@
 #include <functional>
 #include <latch>
 #include <thread>
+#include <vector>
 
 namespace torlib {
 namespace {
@@ -108,6 +109,44 @@ TEST(Threads, ACancelOfAnotherThreadStopsASolver) {
     solving.join();
     ExitControlState() = ExitRunning;
     EXPECT_TRUE(cancelled);
+}
+
+TEST(Threads, PostEventsWhileAnotherPolls) {
+    constexpr int posters = 4, each = 20000;
+    std::array<std::atomic<int>, posters> last{};
+    std::atomic<int> ran = 0, disorder = 0, still = posters;
+    std::vector<std::thread> threads;
+    for (int p = 0; p < posters; ++p) {
+        threads.emplace_back([&, p] {
+            for (int i = 1; i <= each; ++i) {
+                PostEvent([&, p, i] {
+                    disorder += last[p].exchange(i) != i - 1;
+                    ++ran;
+                });
+                if (i % 64 == 0) {
+                    RemoveEventSource(AddEventSource([] {}));
+                }
+            }
+            --still;
+        });
+    }
+    while (still != 0 || ran != posters * each) {
+        DoEvents();
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(disorder, 0);
+
+    // Two that poll at once: each event runs once.
+    ran = 0;
+    for (int i = 0; i < each; ++i) {
+        PostEvent([&] { ++ran; });
+    }
+    std::thread second([] { DoEvents(); });
+    DoEvents();
+    second.join();
+    EXPECT_EQ(ran, each);
 }
 
 TEST(Threads, ThatUseTheCompanionsFirstGetTheSameOnes) {

@@ -30,7 +30,7 @@ TEST_F(TORVA, TheCancelButtonAsksDuringARunAndClosesAfterIt) {
     }
     torva.WriteExitcontrol(ExitFinished);
     EXPECT_EQ(test::ErrorText([this] { torva.OKCancel({}); }),
-              "TORVAClass.OKCancel: there is no object to ask for Unload (error 91)");
+              "TORVAClass.OKCancel: there is no form to unload (error 91)");
 }
 
 TEST_F(TORVA, ThePollYieldsAndReportsACancelWithAndWithoutAForm) {
