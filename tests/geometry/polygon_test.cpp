@@ -114,8 +114,10 @@ TEST(PointInPolygon, ReachesToTheToleranceOfTheCrossProduct) {
                  {1.00011, 0.5, false}, {-0.5, 0.5, false},  {0.5, 1.5, false},
                  {-0.00009, 1, true},   {-0.00011, 1, false}};
     for (const auto& of : cases) {
-        EXPECT_EQ(geometry.PointInPolygon(4, square.x, square.Y, of.XI, of.Yi), of.Inside)
-            << of.XI << ", " << of.Yi;
+        for (const Variant& Yi : {Variant(of.Yi), Variant(Single(of.Yi))}) {
+            EXPECT_EQ(geometry.PointInPolygon(4, square.x, square.Y, of.XI, Yi), of.Inside)
+                << of.XI << ", " << of.Yi;
+        }
     }
     // A cross product of exactly the tolerance is outside.
     EXPECT_FALSE(geometry.PointInPolygon(4, square.x, square.Y, 0.5, Single(-0.0001)));

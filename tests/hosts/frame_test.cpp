@@ -4,6 +4,7 @@
 #include "tests/hosts/quoted.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace slab {
 namespace {
@@ -258,6 +259,79 @@ TEST(FrameHost, LongChainHolds) {
     text += "[[supports]]\nnode = 1\nclamped = true\n[[loads.node]]\nnode = 401\nfy = 1\n";
     const Json json = AnalysedText(text, 1e-5);
     EXPECT_LT(Quote("tip of 400 pieces", Value(json, "nodes", 401, "v"), -6.4e7 * 4 / 29e6), 1e-5);
+}
+
+/// `count` corners of a regular polygon, as text.
+std::string Ring(int count, double radius) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        const double angle = 2 * std::numbers::pi * i / count;
+        text += (i > 0 ? ", [" : "[") + std::to_string(radius * std::cos(angle)) + ", " +
+                std::to_string(radius * std::sin(angle)) + "]";
+    }
+    return text;
+}
+
+// Members along a ring and one that closes it: 3 n equations, a half band width of 3 n.
+std::string RingFrame(int count) {
+    std::string text = square_bar + "[frame]\nnodes = [" + Ring(count, 1e5) + "]\n";
+    for (int i = 1; i <= count; ++i) {
+        text += Bar(std::to_string(i), std::to_string(i % count + 1));
+    }
+    return text + "[[supports]]\nnode = 1\nclamped = true\n[[loads.node]]\nnode = 2\nfy = 1\n";
+}
+
+// A flat arch of three hinges holds as long as its rise is a number, not rounding.
+TEST(FrameHost, ShallowArchHoldsAndAStraightOneDoesNot) {
+    for (const auto& [rise, holds] :
+         {std::pair{"1", true}, {"0.01", true}, {"0.0001", true}, {"0", false}}) {
+        const std::string crown = std::string("[50, ") + rise + "]";
+        const std::string failure = Failure(
+            square_bar + Bar("[0, 0]", crown, "both") + Bar(crown, "[100, 0]", "both") +
+            "[[supports]]\nat = [[0, 0], [100, 0]]\nu = 0\nv = 0\n[[loads.node]]\nnode = 2\n"
+            "fx = 1\n");
+        EXPECT_EQ(failure.find("mechanism") == std::string::npos, holds) << rise << failure;
+    }
+}
+
+TEST(FrameRefusal, LimitsHoldOnBothSides) {
+    const std::string frame = "system = \"frame\"\n[[sections]]\nname = \"bar\"\nmodulus = 2e8\n"
+                              "polygon = [[0, 0], [1, 0], [0, 1]]\n"
+                              "[frame]\nnodes = [[0, 0], [5, 0], [10, 0]]\n"
+                              "[[members]]\nfrom = 1\nto = 2\nsection = \"bar\"\n"
+                              "[[members]]\nfrom = 2\nto = 3\nsection = \"bar\"\n"
+                              "[[supports]]\nnode = 1\nclamped = true\n"
+                              "[[loads.line]]\nmember = 2\nqy = 3\n";
+    const std::string polygon = "[0, 0], [1, 0], [0, 1]";
+    const struct {
+        std::string Text;
+        const char* Message;
+        bool Refused;
+    } cases[] = {
+        {frame, "accepted", true},
+        {Replaced(frame, polygon, "[0, 0], [1, 0]"), "has 2 corners (allowed: 3 to 1000)", true},
+        {Replaced(frame, polygon, Ring(1000, 1)), "accepted", true},
+        {Replaced(frame, polygon, Ring(1001, 1)), "has 1001 corners (allowed: 3 to 1000)", true},
+        {Replaced(frame, "[5, 0]", "[0.0101, 0]"), "accepted", true},
+        {Replaced(frame, "[5, 0]", "[0.0099, 0]"), "members[1].to: is 0.0099 m from the start",
+         true},
+        {Replaced(frame, "[10, 0]]", "[10, 0], [0, 0.0011]]"), "lies at the place of", false},
+        {Replaced(frame, "[10, 0]]", "[10, 0], [0, 0.0009]]"),
+         "frame.nodes[4]: lies at the place of node 1", true},
+        {Replaced(frame, "member = 2", "member = 3"), "is 3 (allowed: 1 to 2)", true},
+        {Replaced(frame, "member = 2", "member = 0"), "is 0 (allowed: 1 to 2)", true},
+        {Replaced(frame, "[0, 0], [5, 0], [10, 0]", Ring(10000, 9000)), "too many", false},
+        {Replaced(frame, "[0, 0], [5, 0], [10, 0]", Ring(10001, 9000)),
+         "frame.nodes[10001]: is one node too many (allowed: up to 10000)", true},
+        {RingFrame(5461), "accepted", true},
+        {RingFrame(5462),
+         "too many equations: 16386 with a half band width of 16386, together 32771 rows", true},
+    };
+    for (const auto& c : cases) {
+        const std::string message = Refusal(c.Text);
+        EXPECT_EQ(message.find(c.Message) != std::string::npos, c.Refused)
+            << c.Message << "\n  is: " << message;
+    }
 }
 
 TEST(FrameRefusal, NamesFileLineAndKey) {

@@ -99,6 +99,21 @@ class Program : public testing::Test {
     torlib::test::TemporaryFolder folder_;
 };
 
+std::string LineFrom(const std::string& text, std::size_t start) {
+    return text.substr(start, text.find("\r\n", start) - start);
+}
+
+/// Where the words of a line end.
+std::vector<std::size_t> WordEnds(const std::string& line) {
+    std::vector<std::size_t> ends;
+    for (std::size_t i = 1; i <= line.size(); ++i) {
+        if (line[i - 1] != ' ' && (i == line.size() || line[i] == ' ')) {
+            ends.push_back(i);
+        }
+    }
+    return ends;
+}
+
 const char* const half_space = "[soil]\nkind = \"half-space\"\nmodulus = 20000\npoisson = 0.3\n";
 
 TEST_F(Program, ShippedExamplesBalanceAndConverge) {
@@ -176,6 +191,16 @@ TEST_F(Program, ReportIsAListingAndPictureIsDrawn) {
         bare += report[i] == '\n' && (i == 0 || report[i - 1] != '\r');
     }
     EXPECT_EQ(bare, 0U) << "listing lines end in carriage return and line feed";
+    // Numbers, units and symbols of a column end at the same place; the node number has no unit.
+    const std::vector<std::size_t> ends = WordEnds(LineFrom(report, report.find("  Node ")));
+    EXPECT_GE(ends.size(), 10U);
+    std::size_t place = report.find('\n', report.find("  Node ")) + 1;
+    const std::vector<std::size_t> units(ends.begin() + 1, ends.end());
+    EXPECT_EQ(WordEnds(LineFrom(report, place)), units);
+    for (int node = 1; node <= 25; ++node) {
+        place = report.find('\n', place) + 1;
+        EXPECT_EQ(WordEnds(LineFrom(report, place)), ends) << "node " << node;
+    }
     const std::string picture = FileText(In("r.svg"));
     EXPECT_EQ(picture.rfind("<svg", 0), 0U);
     EXPECT_NE(picture.find("</svg>"), std::string::npos);

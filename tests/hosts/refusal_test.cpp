@@ -95,6 +95,42 @@ TEST(Refusal, NamesPlaceKeyAndRange) {
     }
 }
 
+TEST(Refusal, LimitsHoldOnBothSides) {
+    const std::string region = "x = [1, 2]\ny = [2, 5]";
+    const std::string lines = "[0.5, [4, 0.5], 0.5]";
+    const std::string grid = "x = { count = 8, length = 4 }\ny = " + lines;
+    const struct {
+        std::string From, To;
+        const char* Message;
+        bool Refused;
+    } cases[] = {
+        {region, "elements = [[48, 48]]", "accepted", true},
+        {region, "elements = [49]", "is 49 (allowed: 1 to 48)", true},
+        {region, "elements = [[9, 8]]", "is 8 (allowed: 9 to 48)", true},
+        {region, "elements = [[9, 49]]", "is 49 (allowed: 9 to 48)", true},
+        {region, "elements = []", "names no element", true},
+        {"poisson = 0.2", "poisson = 0", "accepted", true},
+        {"poisson = 0.2", "poisson = 0.5", "accepted", true},
+        {"max_cycles = 20", "max_cycles = 10000", "accepted", true},
+        {"max_cycles = 20", "max_cycles = 10001", "allowed: 1 to 10000", true},
+        {"count = 8", "count = 10001", "is 10001 (allowed: 1 to 10000)", true},
+        {lines, "[[10001, 0.5]]", "is 10001 (allowed: 1 to 10000)", true},
+        {lines, "[0.5, [9999, 0.5], 0.5]", "has more than 10000 spacings", true},
+        {lines, "[0.5, [9998, 0.5], 0.5]", "has more than 10000 spacings", false},
+        {grid, "x = { count = 1000, length = 400 }\ny = { count = 99, length = 40 }",
+         "give a grid of 100100 nodes (allowed: up to 100000", true},
+        {grid, "x = { count = 999, length = 400 }\ny = { count = 99, length = 40 }",
+         "give a grid of", false},
+    };
+    for (const auto& c : cases) {
+        const std::string text = Replaced(PlainProject(), c.From, c.To);
+        ASSERT_NE(text, "") << c.From;
+        const std::string message = Refusal(text);
+        EXPECT_EQ(message.find(c.Message) != std::string::npos, c.Refused)
+            << c.To << "\n  gives: " << message;
+    }
+}
+
 std::string ListedProject(const std::string& nodes, const std::string& elements) {
     return "[mesh]\nnodes = [" + nodes + "]\nelements = [" + elements + "]\n" +
            "[slab]\nthickness = 0.2\nmodulus = 3e7\npoisson = 0.2\n[[loads.uniform]]\npressure = 1\n"

@@ -6,6 +6,7 @@
 #include <elf.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstring>
 #include <fstream>
 
@@ -67,6 +68,9 @@ TEST_F(Resources, ADamagedFileIsAnErrorAtWorst) {
         const std::string path = Write(whole.substr(0, length));
         EXPECT_EQ(ErrorOf([&] { FindResource(path, "KIND", 7); }), 5) << length;
     }
+    std::string fewer = whole; // the section of names is beyond the number of sections
+    fewer[offsetof(Elf64_Ehdr, e_shnum)] = 2;
+    EXPECT_EQ(ErrorOf([&] { FindResource(Write(fewer), "KIND", 7); }), 5);
     for (std::size_t at = 0; at < whole.size(); ++at) {
         for (const char damage : {'\0', '\x7F', '\xFF'}) {
             std::string bytes = whole;

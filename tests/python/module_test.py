@@ -9,6 +9,8 @@ import signal
 import tempfile
 import unittest
 import weakref
+from decimal import Decimal
+from fractions import Fraction
 
 import numpy
 import torlib
@@ -80,6 +82,15 @@ class Arrays(unittest.TestCase):
         last = a[:]
         del a
         self.assertEqual(last[5], 8)
+
+    def test_a_variant_takes_any_number(self):
+        corners = numpy.array([0, 0, 2, 2, 0], numpy.float32), numpy.array([0, 0, 0, 2, 2], numpy.float32)
+        inside = torlib.Geometry_Class().PointInPolygon
+        for kind in float, Fraction, Decimal, numpy.float64, numpy.float32, str:
+            self.assertTrue(inside(4, *corners, 1, kind("0.5")), kind)
+            self.assertFalse(inside(4, *corners, 1, kind("2.5")), kind)
+        for kind in int, numpy.int16:
+            self.assertTrue(inside(4, *corners, 1, kind(1)), kind)
 
     def test_numpy_arguments(self):
         math = torlib.Math_Class()
