@@ -1,6 +1,7 @@
 #pragma once
 // The analysis of a slab model, from assembly to results.
 
+#include "hosts/slab/interrupt.h"
 #include "hosts/slab/model.h"
 #include "hosts/slab/results.h"
 #include "hosts/slab/run_window.h"
@@ -17,12 +18,6 @@ struct AnalysisOptions {
 class AnalysisFailure : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
-};
-
-/// The user asked to stop.
-class Cancelled : public std::exception {
-  public:
-    const char* what() const noexcept override { return "cancelled"; }
 };
 
 /// Analyses a model. Throws AnalysisFailure (a mechanism names node and direction) or Cancelled.

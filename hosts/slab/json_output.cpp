@@ -1,4 +1,5 @@
 #include "hosts/slab/output.h"
+#include "hosts/slab/printable.h"
 #include "hosts/slab/quantities.h"
 #include "hosts/slab/report_lines.h"
 
@@ -172,7 +173,7 @@ std::string JsonText(const Model& model, const Results& results) {
     }
     document["reactions"] = ReactionsOf(model, results);
     // A file name or title may hold bytes that are no UTF-8; they must not cost the results.
-    return document.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
+    return Printable(document.dump(1, ' ', false, Json::error_handler_t::replace), true) + "\n";
 }
 
 } // namespace slab

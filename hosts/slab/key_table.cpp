@@ -12,6 +12,8 @@ namespace {
 
 /// Keeps the time to read any file within bounds.
 constexpr std::size_t MostTables = 10000;
+/// Values of a long list between two polls.
+constexpr std::size_t PollEvery = 4096;
 
 std::string Listed(const std::vector<std::string>& words) {
     std::string text;
@@ -37,9 +39,9 @@ std::string ShortNumber(double value) {
     return text;
 }
 
-void FailAt(const std::string& file, const toml::source_region& place, const std::string& key,
+void FailAt(const SourceFile& file, const toml::source_region& place, const std::string& key,
             const std::string& message) {
-    std::string text = file;
+    std::string text = file.Name;
     if (place.begin.line > 0) {
         text += ':' + std::to_string(place.begin.line) + ':' + std::to_string(place.begin.column);
     }
@@ -119,7 +121,11 @@ std::vector<Entry> Entry::List(std::size_t length) const {
              " values (allowed: " + std::to_string(length) + ")");
     }
     std::vector<Entry> items;
+    items.reserve(array->size());
     for (std::size_t i = 0; i < array->size(); ++i) {
+        if (i % PollEvery == PollEvery - 1) {
+            file_->Poll();
+        }
         items.emplace_back((*array)[i], name_ + '[' + std::to_string(i + 1) + ']', *file_);
     }
     return items;
@@ -165,6 +171,7 @@ void Entry::FailType(const char* wanted) const {
 }
 
 void KeyTable::Allow(const std::vector<std::string>& keys) const {
+    file_->Poll(list_, number_, count_);
     for (const auto& [key, node] : *table_) {
         if (std::find(keys.begin(), keys.end(), key.str()) == keys.end()) {
             FailAt(*file_, key.source(), FullName(key.str()),
@@ -197,8 +204,12 @@ std::vector<KeyTable> KeyTable::Tables(std::string_view key) const {
             Get(key).Fail("has " + std::to_string(items.size()) + " tables (allowed: up to " +
                           std::to_string(MostTables) + ")");
         }
+        tables.reserve(items.size());
         for (const Entry& item : items) {
             tables.push_back(item.Table());
+            tables.back().list_ = FullName(key);
+            tables.back().number_ = static_cast<int>(tables.size());
+            tables.back().count_ = static_cast<int>(items.size());
         }
     }
     return tables;

@@ -11,6 +11,8 @@
 
 #include <toml++/toml.h>
 
+#include <algorithm>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,12 +41,28 @@ constexpr AllowedRange Between(double least, double greatest) {
 /// A number as short as it can be written.
 std::string ShortNumber(double value);
 
+/// Follows the reading of a project: step 1..steps of the tables [[list]], or 0 of 0 between
+/// such steps. May throw to end the reading.
+using ReadingProgress = std::function<void(const std::string& list, int step, int steps)>;
+
+/// The file that keys belong to.
+struct SourceFile {
+    std::string Name;
+    ReadingProgress Progress; ///< may be empty
+
+    void Poll(const std::string& list = "", int step = 0, int steps = 0) const {
+        if (Progress) {
+            Progress(list, step, steps);
+        }
+    }
+};
+
 class KeyTable;
 
 /// A value of the file with its place and its full name, such as "mesh.x[3]".
 class Entry {
   public:
-    Entry(const toml::node& node, std::string name, const std::string& file)
+    Entry(const toml::node& node, std::string name, const SourceFile& file)
         : node_(&node), name_(std::move(name)), file_(&file) {}
 
     double Number(const AllowedRange& bounds) const;
@@ -69,16 +87,17 @@ class Entry {
 
     const toml::node* node_;
     std::string name_;
-    const std::string* file_;
+    const SourceFile* file_;
 };
 
-/// A table of the file. The file's name must outlive it.
+/// A table of the file. The file must outlive it.
 class KeyTable {
   public:
-    KeyTable(const toml::table& table, std::string name, const std::string& file)
+    KeyTable(const toml::table& table, std::string name, const SourceFile& file)
         : table_(&table), name_(std::move(name)), file_(&file) {}
 
-    /// Refuses every key that is not listed, with the names it may have meant.
+    /// Refuses every key that is not listed, with the names it may have meant. Every reader of a
+    /// table starts with it, so this is where the progress of reading is told, too.
     void Allow(const std::vector<std::string>& keys) const;
     bool Has(std::string_view key) const { return table_->contains(key); }
     Entry Get(std::string_view key) const;
@@ -90,6 +109,9 @@ class KeyTable {
     /// Refuses the table unless exactly one of the keys is there; gives that key.
     std::string OneOf(const std::vector<std::string>& keys) const;
 
+    /// Lets the reading be ended between steps that take long.
+    void Poll() const { file_->Poll(); }
+
     [[noreturn]] void Fail(const std::string& message) const;
 
   private:
@@ -97,11 +119,30 @@ class KeyTable {
 
     const toml::table* table_;
     std::string name_;
-    const std::string* file_;
+    const SourceFile* file_;
+    std::string list_; ///< the name of the tables [[list]] of which this is number_ of count_
+    int number_ = 0;
+    int count_ = 0;
 };
 
+/// The place of the text among things that have a name; the first of that name.
+template <class Named>
+std::size_t ChoiceByName(const Entry& entry, const std::vector<Named>& things) {
+    const std::string text = entry.Text();
+    const auto found = std::find_if(things.begin(), things.end(),
+                                    [&text](const Named& thing) { return thing.Name == text; });
+    if (found != things.end()) {
+        return static_cast<std::size_t>(found - things.begin());
+    }
+    std::vector<std::string> names;
+    for (const Named& thing : things) {
+        names.push_back(thing.Name);
+    }
+    return entry.Choice(names);
+}
+
 /// "file:line:column: key: message" as an InputError.
-[[noreturn]] void FailAt(const std::string& file, const toml::source_region& place,
+[[noreturn]] void FailAt(const SourceFile& file, const toml::source_region& place,
                          const std::string& key, const std::string& message);
 
 } // namespace slab

@@ -1,9 +1,11 @@
 #include "hosts/slab/loads.h"
 
+#include "hosts/slab/limits.h"
 #include "hosts/slab/shape_functions.h"
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace slab {
 
@@ -109,7 +111,8 @@ struct Stretch {
 
 std::vector<Stretch> StretchesOf(const ProjectDraft& draft, const Point& from, const Point& to) {
     std::vector<Stretch> stretches;
-    for (const Element& element : draft.Model.Elements) {
+    for (const std::size_t i : ElementSearch(draft).Along(from, to, draft.Tolerance)) {
+        const Element& element = draft.Model.Elements[i];
         const auto [first, last] = StretchIn(element, draft.Model.Nodes, from, to, draft.Tolerance);
         if (first < last) {
             stretches.push_back({&element, first, last});
@@ -129,6 +132,34 @@ std::vector<double> BreaksOf(const std::vector<Stretch>& stretches) {
     return breaks;
 }
 
+/// Follows a line from break to break with the stretches that run there.
+class Sweep {
+  public:
+    explicit Sweep(const std::vector<Stretch>& stretches) : stretches_(stretches) {
+        for (std::size_t i = 0; i < stretches.size(); ++i) {
+            byFirst_.push_back(i);
+        }
+        std::sort(byFirst_.begin(), byFirst_.end(), [&stretches](std::size_t a, std::size_t b) {
+            return stretches[a].First < stretches[b].First;
+        });
+    }
+
+    /// The indices, ascending, of the stretches that hold start..end; start never goes back.
+    const std::set<std::size_t>& Over(double start, double end) {
+        for (; next_ < byFirst_.size() && stretches_[byFirst_[next_]].First <= start; ++next_) {
+            over_.insert(byFirst_[next_]);
+        }
+        std::erase_if(over_, [&](std::size_t i) { return stretches_[i].Last < end; });
+        return over_;
+    }
+
+  private:
+    const std::vector<Stretch>& stretches_;
+    std::vector<std::size_t> byFirst_;
+    std::size_t next_ = 0;
+    std::set<std::size_t> over_;
+};
+
 /// The elements that are loaded by an entry of loads.uniform.
 std::vector<std::size_t> LoadedElements(const KeyTable& load, const ProjectDraft& draft) {
     if (!load.Has("group")) {
@@ -137,11 +168,7 @@ std::vector<std::size_t> LoadedElements(const KeyTable& load, const ProjectDraft
     if (load.Has("x") || load.Has("y") || load.Has("elements")) {
         load.Fail("either group, or x and y, or elements may be given");
     }
-    std::vector<std::string> names;
-    for (const Group& group : draft.Model.Groups) {
-        names.push_back(group.Name);
-    }
-    const int wanted = static_cast<int>(load.Get("group").Choice(names));
+    const int wanted = static_cast<int>(ChoiceByName(load.Get("group"), draft.Model.Groups));
     std::vector<std::size_t> chosen;
     for (std::size_t i = 0; i < draft.Model.Elements.size(); ++i) {
         if (draft.Model.Elements[i].Group == wanted) {
@@ -153,7 +180,7 @@ std::vector<std::size_t> LoadedElements(const KeyTable& load, const ProjectDraft
 
 void ReadUniform(const KeyTable& load, ProjectDraft& draft) {
     load.Allow({"pressure", "group", "x", "y", "elements"});
-    const double pressure = load.Get("pressure").Number(Any) * draft.Scale.Pressure;
+    const double pressure = Within(load.Get("pressure"), Any, draft.Scale.Pressure, LargestLoad);
     for (const std::size_t i : LoadedElements(load, draft)) {
         draft.Model.Pressure[i] += pressure;
     }
@@ -166,8 +193,8 @@ void ReadPatch(const KeyTable& load, ProjectDraft& draft) {
     const double height = region.High.y - region.Low.y;
     const double pressure =
         load.OneOf({"pressure", "force"}) == "force"
-            ? load.Get("force").Number(Any) * draft.Scale.Force / (width * height)
-            : load.Get("pressure").Number(Any) * draft.Scale.Pressure;
+            ? Within(load.Get("force"), Any, draft.Scale.Force, LargestLoad) / (width * height)
+            : Within(load.Get("pressure"), Any, draft.Scale.Pressure, LargestLoad);
     const double missing = width * height - AddPatchLoad(draft, region, pressure);
     if (missing > std::min(2 * (width + height) * draft.Tolerance, 0.5 * width * height)) {
         load.Fail(ShortNumber(100 * missing / (width * height)) +
@@ -179,9 +206,9 @@ void ReadPoint(const KeyTable& load, ProjectDraft& draft) {
     load.Allow({"at", "force", "moment_wx", "moment_wy"});
     const Point at = load.Get("at").Pair();
     const double unit = draft.Scale.Length;
-    const double force = load.NumberOr("force", Any, 0) * draft.Scale.Force;
-    const double momentX = load.NumberOr("moment_wx", Any, 0) * draft.Scale.Moment;
-    const double momentY = load.NumberOr("moment_wy", Any, 0) * draft.Scale.Moment;
+    const double force = WithinOrZero(load, "force", Any, draft.Scale.Force, LargestLoad);
+    const double momentX = WithinOrZero(load, "moment_wx", Any, draft.Scale.Moment, LargestLoad);
+    const double momentY = WithinOrZero(load, "moment_wy", Any, draft.Scale.Moment, LargestLoad);
     if (!load.Has("force") && !load.Has("moment_wx") && !load.Has("moment_wy")) {
         load.Fail("one of these keys is needed: force, moment_wx, moment_wy");
     }
@@ -201,8 +228,8 @@ void ReadLine(const KeyTable& load, ProjectDraft& draft) {
     if (length <= draft.Tolerance) {
         load.Get("to").Fail("is the same point as from");
     }
-    const double loaded =
-        AddLineLoad(draft, from, to, load.Get("force").Number(Any) * draft.Scale.LineLoad);
+    const double loaded = AddLineLoad(
+        draft, from, to, Within(load.Get("force"), Any, draft.Scale.LineLoad, LargestLoad));
     if (length - loaded > std::min(2 * draft.Tolerance, 0.5 * length)) {
         load.Fail(ShortNumber((length - loaded) / unit) + ' ' + draft.Scale.Units.LengthName +
                   " of the line lie outside the slab (allowed: all of it on the slab)");
@@ -214,7 +241,8 @@ void ReadLine(const KeyTable& load, ProjectDraft& draft) {
 bool AddPointLoad(ProjectDraft& draft, const Point& at, double force, double momentX,
                   double momentY) {
     std::vector<const Element*> owners;
-    for (const Element& element : draft.Model.Elements) {
+    for (const std::size_t i : ElementSearch(draft).Meeting({at, at})) {
+        const Element& element = draft.Model.Elements[i];
         if (Depth(element, draft.Model.Nodes, at) >= -draft.Tolerance) {
             owners.push_back(&element);
         }
@@ -229,7 +257,8 @@ bool AddPointLoad(ProjectDraft& draft, const Point& at, double force, double mom
 
 double AddPatchLoad(ProjectDraft& draft, const Region& region, double pressure) {
     double area = 0;
-    for (const Element& element : draft.Model.Elements) {
+    for (const std::size_t e : ElementSearch(draft).Meeting(region)) {
+        const Element& element = draft.Model.Elements[e];
         std::vector<Point> part{
             region.Low, {region.High.x, region.Low.y}, region.High, {region.Low.x, region.High.y}};
         for (const auto& [from, to] : SidesOf(element)) {
@@ -246,22 +275,18 @@ double AddLineLoad(ProjectDraft& draft, const Point& from, const Point& to, doub
     const std::vector<Stretch> stretches = StretchesOf(draft, from, to);
     const std::vector<double> breaks = BreaksOf(stretches);
     const double length = slab::Distance(from, to);
+    Sweep sweep(stretches);
     double loaded = 0;
     for (std::size_t i = 1; i < breaks.size(); ++i) {
         const double start = breaks[i - 1];
         const double end = breaks[i];
-        std::vector<const Element*> owners;
-        for (const Stretch& stretch : stretches) {
-            if (stretch.First <= start && stretch.Last >= end) {
-                owners.push_back(stretch.Owner);
-            }
-        }
-        for (const Element* owner : owners) {
+        const std::set<std::size_t>& owners = sweep.Over(start, end);
+        for (const std::size_t owner : owners) {
             const double force =
                 perLength * (end - start) * length / static_cast<double>(owners.size());
             for (const auto& u : gauss) {
-                AddAt(draft.Model, *owner, Between(from, to, start + u.Place * (end - start)),
-                      force * u.Weight);
+                AddAt(draft.Model, *stretches[owner].Owner,
+                      Between(from, to, start + u.Place * (end - start)), force * u.Weight);
             }
         }
         loaded += owners.empty() ? 0 : (end - start) * length;

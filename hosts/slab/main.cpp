@@ -1,6 +1,9 @@
 // slab: analyses a slab on elastic soil, or another system of its kind, from a project file.
 
+#include "hosts/slab/interrupt.h"
 #include "hosts/slab/output.h"
+#include "hosts/slab/output_paths.h"
+#include "hosts/slab/printable.h"
 #include "hosts/slab/project.h"
 #include "hosts/slab/system.h"
 
@@ -8,18 +11,18 @@
 
 #include <CLI/CLI.hpp>
 
-#include <cstdio>
 #include <filesystem>
 #include <functional>
 #include <iostream>
 #include <memory>
+#include <sstream>
 #include <unistd.h>
 
 namespace slab {
 
 namespace {
 
-enum ExitCode { Done = 0, AnalysisFailed = 1, BadInput = 2, CannotWrite = 3, WasCancelled = 130 };
+enum ExitCode { Done = 0, AnalysisFailed = 1, BadInput = 2, CannotWrite = 3 };
 
 struct CommandLine {
     std::string project;
@@ -59,14 +62,16 @@ void Describe(CLI::App& app, CommandLine& command) {
     app.set_version_flag("--version", "slab, torlib " +
                                           std::to_string(torlib::LibraryMajorVersion) + "." +
                                           std::to_string(torlib::LibraryMinorVersion));
-    app.footer(
-        "Exit codes: 0 done, 1 analysis failed, 2 input error, 3 cannot write, 130 cancelled.");
+    app.footer("Exit codes: 0 done, 1 analysis failed, 2 input error, 3 cannot write,\n"
+               "130 cancelled by Ctrl-C, 143 by SIGTERM.");
 }
 
 int ListExamples() {
+    std::string list;
     for (const Example& example : Examples()) {
-        std::cout << example.Name << "\n    " << example.Purpose << '\n';
+        list += example.Name + "\n    " + example.Purpose + '\n';
     }
+    WriteStandardOutput(list);
     return Done;
 }
 
@@ -76,15 +81,16 @@ int WriteExample(const CommandLine& command) {
             continue;
         }
         const std::string path = example.Name + ".toml";
-        if (std::filesystem::exists(path)) {
+        if (std::filesystem::exists(std::filesystem::symlink_status(path))) {
             std::cerr << path << ": already exists; move it away first\n";
             return CannotWrite;
         }
         WriteWholeFile(path, example.Text);
-        std::cout << path << '\n';
+        WriteStandardOutput(path + '\n');
         return Done;
     }
-    std::cerr << "--example: there is no example " << command.example << "; there are:\n";
+    std::cerr << "--example: there is no example " << Printable(command.example)
+              << "; there are:\n";
     for (const Example& example : Examples()) {
         std::cerr << "  " << example.Name << '\n';
     }
@@ -96,11 +102,35 @@ void Write(const std::string& path, const std::function<std::string()>& text, Ru
         return;
     }
     if (path == "-") {
-        std::cout << text() << std::flush;
+        WriteStandardOutput(text());
         return;
     }
     WriteWholeFile(path, text());
-    window.Log("written: " + path);
+    window.Log("written: " + Printable(path));
+}
+
+/// Files first: what a reader of standard output keeps waiting costs none of them.
+void WriteAll(const CommandLine& command, const Outcome& outcome, RunWindow& window) {
+    const std::pair<const std::string&, std::function<std::string()>> outputs[] = {
+        {command.report, [&] { return outcome.Report(); }},
+        {command.json, [&] { return outcome.Json(); }},
+        {command.picture, [&] { return outcome.Picture(); }},
+    };
+    bool summary = true;
+    for (const auto& [path, text] : outputs) {
+        if (path != "-") {
+            Write(path, text, window);
+        }
+    }
+    for (const auto& [path, text] : outputs) {
+        if (path == "-") {
+            summary = false;
+            Write(path, text, window);
+        }
+    }
+    if (summary) {
+        WriteStandardOutput(outcome.Summary());
+    }
 }
 
 int AnalyseProject(const CommandLine& command) {
@@ -108,27 +138,27 @@ int AnalyseProject(const CommandLine& command) {
                        : isatty(STDERR_FILENO) ? RunWindow::Style::Bar
                                                : RunWindow::Style::Lines;
     RunWindow window(style);
-    const std::unique_ptr<Project> project = OpenProject(command.project);
+    InstallCancelOnInterrupt();
+    if (!command.validate) {
+        CheckOutputs(command.project, {{"--report", command.report},
+                                       {"--json", command.json},
+                                       {"--picture", command.picture}});
+    }
+    const std::unique_ptr<Project> project = OpenProject(command.project, window);
     if (command.validate) {
-        std::cout << command.project << ": valid; " << project->Size() << '\n';
+        WriteStandardOutput(Printable(command.project) + ": valid; " + project->Size() + '\n');
         return Done;
     }
     AnalysisOptions options;
     options.Plain = command.plain;
     const std::unique_ptr<Outcome> outcome = project->Analyse(options, window);
     window.End();
-    Write(
-        command.report, [&] { return outcome->Report(); }, window);
-    Write(
-        command.json, [&] { return outcome->Json(); }, window);
-    Write(
-        command.picture, [&] { return outcome->Picture(); }, window);
-    if (command.report != "-" && command.json != "-" && command.picture != "-") {
-        std::cout << outcome->Summary() << std::flush;
-    }
-    if (!std::cout) {
-        std::cerr << "standard output: cannot be written\n";
-        return CannotWrite;
+    ThrowIfCancelled();
+    try {
+        WriteAll(command, *outcome, window);
+    } catch (const Cancelled&) {
+        std::cerr << "cancelled while the results were written\n";
+        return CancelExitCode();
     }
     const std::string doubt = outcome->NotConverged();
     if (!doubt.empty()) {
@@ -154,6 +184,28 @@ int Run(const CommandLine& command) {
 }
 
 /// Every way a run can end, as an exit code.
+int Ended(const std::function<int()>& run) {
+    const auto failed = [](const std::string& message, int code) {
+        std::cerr << Printable(message) << '\n';
+        return code;
+    };
+    try {
+        return run();
+    } catch (const InputError& error) {
+        return failed(error.what(), BadInput);
+    } catch (const Cancelled&) {
+        return failed("cancelled; nothing was written", CancelExitCode());
+    } catch (const AnalysisFailure& error) {
+        return failed(std::string("the analysis failed: ") + error.what(), AnalysisFailed);
+    } catch (const torlib::RunTimeError& error) {
+        return failed(std::string("the analysis failed: ") + error.what(), AnalysisFailed);
+    } catch (const std::bad_alloc&) {
+        return failed("the analysis failed: not enough memory for this model", AnalysisFailed);
+    } catch (const std::exception& error) {
+        return failed(error.what(), CannotWrite);
+    }
+}
+
 int Main(int argc, char** argv) {
     CommandLine command;
     CLI::App app;
@@ -161,30 +213,16 @@ int Main(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? Done : BadInput;
+        std::ostringstream help;
+        std::ostringstream refusal;
+        const int code = app.exit(error, help, refusal) == 0 ? Done : BadInput;
+        std::cerr << Printable(refusal.str(), true);
+        return Ended([&] {
+            WriteStandardOutput(help.str());
+            return code;
+        });
     }
-    InstallCancelOnInterrupt();
-    try {
-        return Run(command);
-    } catch (const InputError& error) {
-        std::cerr << error.what() << '\n';
-        return BadInput;
-    } catch (const Cancelled&) {
-        std::cerr << "cancelled; nothing was written\n";
-        return WasCancelled;
-    } catch (const AnalysisFailure& error) {
-        std::cerr << "the analysis failed: " << error.what() << '\n';
-        return AnalysisFailed;
-    } catch (const torlib::RunTimeError& error) {
-        std::cerr << "the analysis failed: " << error.what() << '\n';
-        return AnalysisFailed;
-    } catch (const std::bad_alloc&) {
-        std::cerr << "the analysis failed: not enough memory for this model\n";
-        return AnalysisFailed;
-    } catch (const std::exception& error) {
-        std::cerr << error.what() << '\n';
-        return CannotWrite;
-    }
+    return Ended([&] { return Run(command); });
 }
 
 } // namespace

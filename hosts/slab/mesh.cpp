@@ -72,8 +72,9 @@ std::vector<std::size_t> ListedElements(const Entry& entry, const Model& model) 
 std::vector<std::size_t> ElementsInRegion(const KeyTable& table, const ProjectDraft& draft) {
     const Region region = ReadMeshRegion(table, draft);
     std::vector<std::size_t> chosen;
-    for (std::size_t i = 0; i < draft.Model.Elements.size(); ++i) {
-        if (region.Contains(CentreOf(draft.Model.Elements[i], draft.Model.Nodes))) {
+    const std::vector<Point>& centres = CentresOfElements(draft);
+    for (std::size_t i = 0; i < centres.size(); ++i) {
+        if (region.Contains(centres[i])) {
             chosen.push_back(i);
         }
     }

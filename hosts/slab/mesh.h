@@ -5,18 +5,7 @@
 
 #include "hosts/slab/project_draft.h"
 
-#include <array>
-#include <utility>
-
 namespace slab {
-
-struct Region {
-    Point Low;
-    Point High;
-    bool Contains(const Point& p) const {
-        return p.x > Low.x && p.x < High.x && p.y > Low.y && p.y < High.y;
-    }
-};
 
 /// Reads the table [mesh] into nodes, elements and symmetry.
 void ReadMesh(const KeyTable& root, ProjectDraft& draft);
@@ -35,8 +24,6 @@ Region ReadMeshRegion(const KeyTable& table, const ProjectDraft& draft);
 /// to follow the mesh lines of a grid.
 std::vector<std::size_t> SelectedElements(const KeyTable& table, const ProjectDraft& draft);
 
-/// A side of an element from one node number to the next, counter-clockwise.
-using Side = std::pair<int, int>;
 std::vector<Side> SidesOf(const Element& element);
 
 /// Sides that belong to one element only: the outline of the slab and of its openings.

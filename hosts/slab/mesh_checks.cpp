@@ -142,10 +142,17 @@ void CheckListedTopology(const KeyTable& mesh, const ProjectDraft& draft) {
     RefuseCoincidentNodes(mesh.Get("nodes"), draft);
     RefuseOverlaps(mesh, model);
     const std::vector<Side> boundary = BoundarySides(model);
+    std::vector<Point> corners;
+    for (const auto& [node, next] : boundary) {
+        corners.push_back(model.Nodes[static_cast<std::size_t>(node - 1)]);
+    }
+    const BoxSearch search(corners);
     for (const auto& [from, to] : boundary) {
-        for (const auto& [node, next] : boundary) {
-            if (LiesInside(model.Nodes[node - 1], model.Nodes[from - 1], model.Nodes[to - 1],
-                           draft.Tolerance)) {
+        const Point& a = model.Nodes[static_cast<std::size_t>(from - 1)];
+        const Point& b = model.Nodes[static_cast<std::size_t>(to - 1)];
+        for (const std::size_t i : search.Meeting(BoxAround(a, b, draft.Tolerance))) {
+            const int node = boundary[i].first;
+            if (LiesInside(corners[i], a, b, draft.Tolerance)) {
                 mesh.Get("elements")
                     .Fail("node " + std::to_string(node) + " lies inside the side from node " +
                           std::to_string(from) + " to node " + std::to_string(to) +

@@ -71,10 +71,12 @@ class Grid {
           removed_((x_.size() - 1) * (y_.size() - 1), false) {}
 
     void Remove(const Region& region) {
-        for (std::size_t cell = 0; cell < removed_.size(); ++cell) {
-            const auto [i, j] = ColumnAndRow(cell);
-            const Point centre{(x_[i] + x_[i + 1]) / 2, (y_[j] + y_[j + 1]) / 2};
-            removed_[cell] = removed_[cell] || region.Contains(centre);
+        const auto [left, right] = CellsBetween(x_, region.Low.x, region.High.x);
+        const auto [below, above] = CellsBetween(y_, region.Low.y, region.High.y);
+        for (std::size_t i = left; i < right; ++i) {
+            for (std::size_t j = below; j < above; ++j) {
+                removed_[alongY_ ? i * (y_.size() - 1) + j : j * (x_.size() - 1) + i] = true;
+            }
         }
     }
 
@@ -98,6 +100,21 @@ class Grid {
     }
 
   private:
+    /// The cells, from the first to behind the last, whose centres lie between two coordinates.
+    static std::pair<std::size_t, std::size_t> CellsBetween(const std::vector<double>& lines,
+                                                            double low, double high) {
+        const auto centre = [&lines](std::size_t i) { return (lines[i] + lines[i + 1]) / 2; };
+        std::size_t first = 0;
+        while (first + 1 < lines.size() && centre(first) <= low) {
+            ++first;
+        }
+        std::size_t last = first;
+        while (last + 1 < lines.size() && centre(last) < high) {
+            ++last;
+        }
+        return {first, last};
+    }
+
     /// Cells are counted along the same side as nodes.
     std::pair<std::size_t, std::size_t> ColumnAndRow(std::size_t cell) const {
         const std::size_t inner = alongY_ ? y_.size() - 1 : x_.size() - 1;

@@ -21,8 +21,14 @@ std::string SummaryText(const Model& model, const Results& results);
 /// A plan of the slab with shaded settlements and contour lines, as an SVG document.
 std::string PictureText(const Model& model, const Results& results);
 
-/// Writes a file whole or not at all: a temporary file beside it takes its place when complete.
-/// Throws std::runtime_error naming the file and the reason.
+/// Writes a file whole or not at all: a temporary file beside it takes its place when complete. The
+/// mode of a file that is there stays, and so do its links: through a symbolic link its target is
+/// written, and a file with several names is written in place, which a full disk can cut short.
+/// Throws std::runtime_error naming the file and the reason, or Cancelled while a pipe is waited
+/// for.
 void WriteWholeFile(const std::string& path, const std::string& text);
+
+/// Writes to standard output. Throws std::runtime_error, or Cancelled while it waits for a reader.
+void WriteStandardOutput(const std::string& text);
 
 } // namespace slab

@@ -1,6 +1,7 @@
 #pragma once
 // A model in the making, with what the readers of its tables share.
 
+#include "hosts/slab/mesh_search.h"
 #include "hosts/slab/model.h"
 #include "hosts/slab/unit_scale.h"
 
@@ -26,6 +27,7 @@ struct ProjectDraft {
     std::vector<double> YLines;
     double Tolerance = 0;            ///< coordinates this close are the same, m
     std::vector<double> UnitWeights; ///< of each group, kN/m3
+    mutable MeshSearch Search;       ///< of nodes and elements as they are at its first use
 };
 
 } // namespace slab

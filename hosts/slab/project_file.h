@@ -9,19 +9,19 @@ namespace slab {
 /// since every key refers to it.
 class ProjectFile {
   public:
-    /// Reads a file; a pipe serves as well. Throws InputError.
+    /// Reads a file; a pipe serves as well. Throws InputError, or Cancelled while it waits.
     static std::string ReadText(const std::string& path);
 
     /// The tables of a text; `name` stands for the file in messages. Throws InputError.
-    ProjectFile(const std::string& text, std::string name);
+    ProjectFile(const std::string& text, std::string name, ReadingProgress progress = {});
     ProjectFile(const ProjectFile&) = delete;
     ProjectFile& operator=(const ProjectFile&) = delete;
 
-    const std::string& Name() const { return name_; }
-    KeyTable Root() const { return {table_, "", name_}; }
+    const std::string& Name() const { return file_.Name; }
+    KeyTable Root() const { return {table_, "", file_}; }
 
   private:
-    std::string name_;
+    SourceFile file_;
     toml::table table_;
 };
 

@@ -3,9 +3,7 @@
 #include "torlib/frame/run_state.h"
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
-#include <unistd.h>
 
 namespace slab {
 
@@ -16,14 +14,6 @@ namespace {
 
 constexpr int bar_width = 30;
 constexpr auto redraw_interval = std::chrono::milliseconds(100);
-
-extern "C" void OnInterrupt(int signal) {
-    if (torlib::ExitControlState().exchange(torlib::ExitCancelRequested) ==
-        torlib::ExitCancelRequested) {
-        // A second Ctrl-C does not wait for the poll.
-        _exit(128 + signal);
-    }
-}
 
 } // namespace
 
@@ -114,15 +104,6 @@ void RunWindow::Draw() {
     std::fputs(line.c_str(), stderr);
     std::fflush(stderr);
     drawn_ = true;
-}
-
-void InstallCancelOnInterrupt() {
-    // Makes sure that the state exists before a signal can arrive.
-    torlib::ExitControlState();
-    struct sigaction action = {};
-    action.sa_handler = OnInterrupt;
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
 }
 
 } // namespace slab

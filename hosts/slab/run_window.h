@@ -59,7 +59,4 @@ class RunWindow {
     torlib::TORVAClass torva_;
 };
 
-/// Lets Ctrl-C ask the library-wide run state for a cancel instead of ending the program.
-void InstallCancelOnInterrupt();
-
 } // namespace slab

@@ -1,10 +1,12 @@
 #include "hosts/slab/sections.h"
 
 #include "hosts/slab/library_types.h"
+#include "hosts/slab/limits.h"
 #include "torlib/geometry/geometry_class.h"
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace slab {
 namespace {
@@ -118,6 +120,30 @@ void ReadGridKeys(const KeyTable& table, const UnitScale& scale, Section& sectio
         table.NumberOr("contact_width", NotNegative, section.ContactWidth) * scale.Length;
 }
 
+/// What the shape and the moduli make, in metres and kilonewtons.
+void CheckSection(const KeyTable& table, const UnitScale& scale, SectionUse use,
+                  const Section& section) {
+    const Entry modulus = table.Get("modulus");
+    const std::string forceName = scale.Units.ForceName;
+    const std::string bendingName = forceName + scale.Units.LengthName + '2';
+    const double bending = scale.Moment * scale.Length;
+    CheckRigidity(modulus, "an axial stiffness EA", section.Modulus * section.Area, scale.Force,
+                  forceName);
+    CheckRigidity(modulus, "a bending stiffness EI", section.Modulus * section.Inertia, bending,
+                  bendingName);
+    if (use == SectionUse::Grid) {
+        CheckRigidity(modulus, "a torsional stiffness GJ", section.ShearModulus * section.Torsion,
+                      bending, bendingName);
+    }
+    if (section.Area * section.UnitWeight > LargestLoad) {
+        table.Get("unit_weight")
+            .Fail("makes a weight of " +
+                  ShortNumber(section.Area * section.UnitWeight / scale.LineLoad) + ' ' +
+                  forceName + '/' + scale.Units.LengthName + " (allowed: up to " +
+                  ShortNumber(LargestLoad / scale.LineLoad) + ")");
+    }
+}
+
 } // namespace
 
 std::vector<Section> ReadSections(const KeyTable& root, const UnitScale& scale, SectionUse use) {
@@ -127,12 +153,12 @@ std::vector<Section> ReadSections(const KeyTable& root, const UnitScale& scale, 
         keys.insert(keys.end(), {"torsion", "poisson", "shear_modulus", "contact_width"});
     }
     std::vector<Section> sections;
+    std::set<std::string> names;
     for (const KeyTable& table : root.Tables("sections")) {
         table.Allow(keys);
         Section section;
         section.Name = table.Get("name").Text();
-        if (std::any_of(sections.begin(), sections.end(),
-                        [&section](const Section& other) { return other.Name == section.Name; })) {
+        if (!names.insert(section.Name).second) {
             table.Get("name").Fail("\"" + section.Name + "\" is the name of an earlier section");
         }
         section.Modulus = table.Get("modulus").Number(Positive) * scale.Modulus;
@@ -142,7 +168,9 @@ std::vector<Section> ReadSections(const KeyTable& root, const UnitScale& scale, 
         }
         section.Area *= scale.Length * scale.Length;
         section.Inertia *= std::pow(scale.Length, 4);
-        section.UnitWeight = table.NumberOr("unit_weight", NotNegative, 0) * scale.Density;
+        section.UnitWeight =
+            WithinOrZero(table, "unit_weight", NotNegative, scale.Density, LargestLoad);
+        CheckSection(table, scale, use, section);
         sections.push_back(section);
     }
     if (sections.empty()) {

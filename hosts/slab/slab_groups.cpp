@@ -1,5 +1,6 @@
 #include "hosts/slab/slab_groups.h"
 
+#include "hosts/slab/limits.h"
 #include "hosts/slab/mesh.h"
 
 #include <algorithm>
@@ -25,7 +26,24 @@ void ReadGroup(const KeyTable& table, const UnitScale& scale, Group& group, doub
         group.Poisson = entry->Number(Between(0, 0.5));
     }
     if (const auto entry = table.Find("unit_weight")) {
-        unitWeight = entry->Number(NotNegative) * scale.Density;
+        unitWeight = Within(*entry, NotNegative, scale.Density, LargestLoad);
+    }
+}
+
+/// Refuses the first of the keys in the table that makes too little or too much stiffness.
+void CheckGroup(const KeyTable& table, const UnitScale& scale, const Group& group) {
+    for (const char* key : {"thickness", "modulus"}) {
+        const auto entry = table.Find(key);
+        if (!entry) {
+            continue;
+        }
+        const double stretching = group.Modulus * group.Thickness;
+        CheckRigidity(*entry, "a membrane stiffness E t", stretching, scale.LineLoad,
+                      scale.Units.ForceName + '/' + scale.Units.LengthName);
+        CheckRigidity(*entry, "a plate stiffness E t3 / 12 (1 - nu2)",
+                      stretching * group.Thickness * group.Thickness /
+                          (12 * (1 - group.Poisson * group.Poisson)),
+                      scale.Moment, scale.Units.ForceName + scale.Units.LengthName);
     }
 }
 
@@ -55,6 +73,7 @@ void ReadSlab(const KeyTable& root, ProjectDraft& draft, const char* key) {
     general.Name = key;
     double generalWeight = 0;
     ReadGroup(table, draft.Scale, general, generalWeight);
+    CheckGroup(table, draft.Scale, general);
     draft.Model.Groups = {general};
     draft.UnitWeights = {generalWeight};
     keys = GroupKeys();
@@ -65,6 +84,7 @@ void ReadSlab(const KeyTable& root, ProjectDraft& draft, const char* key) {
         double weight = generalWeight;
         group.Name = ReadName(region, draft.Model.Groups);
         ReadGroup(region, draft.Scale, group, weight);
+        CheckGroup(region, draft.Scale, group);
         for (const std::size_t i : SelectedElements(region, draft)) {
             draft.Model.Elements[i].Group = static_cast<int>(draft.Model.Groups.size());
         }

@@ -1,5 +1,6 @@
 #include "hosts/slab/soil_reader.h"
 
+#include "hosts/slab/limits.h"
 #include "hosts/slab/mesh.h"
 
 namespace slab {
@@ -12,11 +13,13 @@ constexpr int MostCycles = 10000;
 void ReadWinkler(const KeyTable& table, ProjectDraft& draft) {
     table.Allow({"kind", "subgrade", "regions", "tension"});
     Soil& soil = draft.Model.Soil;
-    const double general = table.Get("subgrade").Number(NotNegative) * draft.Scale.Density;
+    const double general =
+        Within(table.Get("subgrade"), NotNegative, draft.Scale.Density, LargestSpring);
     soil.Subgrade.assign(draft.Model.Elements.size(), general);
     for (const KeyTable& region : table.Tables("regions")) {
         region.Allow({"subgrade", "x", "y", "elements"});
-        const double value = region.Get("subgrade").Number(NotNegative) * draft.Scale.Density;
+        const double value =
+            Within(region.Get("subgrade"), NotNegative, draft.Scale.Density, LargestSpring);
         for (const std::size_t i : SelectedElements(region, draft)) {
             soil.Subgrade[i] = value;
         }

@@ -1,5 +1,6 @@
 #include "hosts/slab/output.h"
 #include "hosts/slab/piles/pile_lines.h"
+#include "hosts/slab/printable.h"
 #include "hosts/slab/quantities.h"
 #include "hosts/slab/report_lines.h"
 
@@ -63,7 +64,7 @@ void BeamLine(const Model& model, const Results& results, std::ostringstream& ou
         }
         out << label << "largest " << Padded(force.Name, 8)
             << RightAligned(NumberText(largest / force.Unit), 12) << ' ' << force.UnitName
-            << "  in " << model.Beams[place].Name << '\n';
+            << "  in " << Printable(model.Beams[place].Name) << '\n';
         label = "             ";
     }
 }
@@ -84,10 +85,10 @@ void BalanceLine(const Model& model, const Results& results, std::ostringstream&
 
 std::string SummaryText(const Model& model, const Results& results) {
     std::ostringstream out;
-    out << (model.Title.empty() ? "Slab analysis" : model.Title) << "\n  " << model.Nodes.size()
-        << " nodes, " << model.Elements.size() + model.Beams.size() << " elements, "
-        << results.Equations << " equations, half band width " << results.HalfBandWidth
-        << "; soil: " << SoilName(model.Soil.Kind) << "\n\n";
+    out << (model.Title.empty() ? "Slab analysis" : Printable(model.Title)) << "\n  "
+        << model.Nodes.size() << " nodes, " << model.Elements.size() + model.Beams.size()
+        << " elements, " << results.Equations << " equations, half band width "
+        << results.HalfBandWidth << "; soil: " << SoilName(model.Soil.Kind) << "\n\n";
     ExtremeLines(model, results, out);
     out << '\n';
     if (!results.Beams.empty()) {
@@ -119,7 +120,7 @@ std::string SummaryText(const Model& model, const Results& results) {
     for (const std::string& warning : results.Warnings) {
         out << "  Warning    " << warning << '\n';
     }
-    return out.str();
+    return Printable(out.str(), true);
 }
 
 } // namespace slab

@@ -1,11 +1,11 @@
 #include "hosts/slab/supports.h"
 
+#include "hosts/slab/limits.h"
 #include "hosts/slab/restraints.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numeric>
-#include <set>
 
 namespace slab {
 
@@ -44,7 +44,7 @@ std::vector<int> NodesOnLine(const Entry& entry, const ProjectDraft& draft) {
         entry.Fail("starts and ends at the same point");
     }
     std::vector<int> nodes;
-    for (std::size_t i = 0; i < draft.Model.Nodes.size(); ++i) {
+    for (const std::size_t i : NodeSearch(draft).Along(a, b, 2 * draft.Tolerance)) {
         const Point& p = draft.Model.Nodes[i];
         const double t = ((p.x - a.x) * (b.x - a.x) + (p.y - a.y) * (b.y - a.y)) / length;
         const double off = ((p.y - a.y) * (b.x - a.x) - (p.x - a.x) * (b.y - a.y)) / length;
@@ -60,17 +60,21 @@ std::vector<int> NodesOnLine(const Entry& entry, const ProjectDraft& draft) {
 }
 
 /// The element sides whose ends are both among the nodes, each once.
-std::vector<Side> SidesAmong(const std::vector<int>& nodes, const Model& model) {
-    const std::set<int> wanted(nodes.begin(), nodes.end());
-    std::set<Side> sides;
-    for (const Element& element : model.Elements) {
-        for (const auto& [from, to] : SidesOf(element)) {
-            if (wanted.count(from) != 0 && wanted.count(to) != 0) {
-                sides.insert(std::minmax(from, to));
+std::vector<Side> SidesAmong(const std::vector<int>& nodes, const ProjectDraft& draft) {
+    const std::vector<std::vector<int>>& next = NextNumbers(draft);
+    std::vector<char> wanted(next.size() + 1, 0);
+    for (const int node : nodes) {
+        wanted[static_cast<std::size_t>(node)] = 1;
+    }
+    std::vector<Side> sides;
+    for (const int node : nodes) {
+        for (const int other : next[static_cast<std::size_t>(node - 1)]) {
+            if (wanted[static_cast<std::size_t>(other)] != 0) {
+                sides.emplace_back(node, other);
             }
         }
     }
-    return {sides.begin(), sides.end()};
+    return sides;
 }
 
 /// Outlines hang together by their nodes; a closed outline of an opening runs clockwise.
@@ -117,13 +121,10 @@ std::vector<Side> OuterSides(const ProjectDraft& draft) {
     return sides;
 }
 
-Place EdgeOf(const Entry& entry, const ProjectDraft& draft) {
-    enum { All, Left, Right, Bottom, Top };
-    const std::size_t edge = entry.Choice({"all", "left", "right", "bottom", "top"});
+enum Edge : std::size_t { All, Left, Right, Bottom, Top };
+
+Place EdgePlace(std::size_t edge, const ProjectDraft& draft) {
     const Model& model = draft.Model;
-    if ((edge == Right && HasYLine(model.Symmetry)) || (edge == Top && HasXLine(model.Symmetry))) {
-        entry.Fail("is the symmetry line; use line for a support that really stands there");
-    }
     Place place;
     place.IsLine = true;
     if (edge == All) {
@@ -146,19 +147,34 @@ Place EdgeOf(const Entry& entry, const ProjectDraft& draft) {
             place.Nodes.push_back(static_cast<int>(i) + 1);
         }
     }
-    place.Sides = SidesAmong(place.Nodes, model);
+    place.Sides = SidesAmong(place.Nodes, draft);
     return place;
 }
 
-void Restrain(const KeyTable& support, ProjectDraft& draft, int node, int freedom, double value) {
+Place EdgeOf(const Entry& entry, const ProjectDraft& draft) {
+    const std::size_t edge = entry.Choice({"all", "left", "right", "bottom", "top"});
+    const torlib::SymmetricCase symmetry = draft.Model.Symmetry;
+    if ((edge == Right && HasYLine(symmetry)) || (edge == Top && HasXLine(symmetry))) {
+        entry.Fail("is the symmetry line; use line for a support that really stands there");
+    }
+    std::optional<Place>& known = draft.Search.Edges[edge];
+    if (!known) {
+        known = EdgePlace(edge, draft);
+    }
+    return *known;
+}
+
+/// Places in a list of the model by node, or by node and freedom.
+using ByNode = std::map<std::pair<int, int>, std::size_t>;
+
+void Restrain(const KeyTable& support, ProjectDraft& draft, ByNode& known,
+              const Restraint& restraint) {
+    const auto [node, freedom, value] = restraint;
     std::vector<Restraint>& restraints = draft.Model.Restraints;
-    const auto earlier =
-        std::find_if(restraints.begin(), restraints.end(), [=](const Restraint& restraint) {
-            return restraint.Node == node && restraint.Freedom == freedom;
-        });
-    if (earlier == restraints.end()) {
-        restraints.push_back({node, freedom, value});
-    } else if (earlier->Value != value) {
+    const auto [earlier, isNew] = known.try_emplace({node, freedom}, restraints.size());
+    if (isNew) {
+        restraints.push_back(restraint);
+    } else if (restraints[earlier->second].Value != value) {
         support.Fail("node " + std::to_string(node) + " at " +
                      PlaceText(draft.Model.Nodes[node - 1], draft.Scale) +
                      " already has another value of " +
@@ -194,7 +210,7 @@ std::vector<std::string> WithPlace(const std::vector<std::string>& more) {
     table.Fail(what + ("one of these keys is needed: " + text));
 }
 
-void ReadSupport(const KeyTable& support, ProjectDraft& draft) {
+void ReadSupport(const KeyTable& support, ProjectDraft& draft, ByNode& known) {
     std::vector<std::string> keys = draft.Freedoms.Keys;
     keys.emplace_back("clamped");
     support.Allow(WithPlace(keys));
@@ -208,13 +224,13 @@ void ReadSupport(const KeyTable& support, ProjectDraft& draft) {
             continue;
         }
         const double unit = f < draft.Freedoms.Displacements ? draft.Scale.Settlement : 1;
-        const double value = entry ? entry->Number(Any) * unit : 0;
+        const double value = entry ? Within(*entry, Any, unit, LargestDisplacement) : 0;
         const int freedom = static_cast<int>(f) + 1;
         if (value != 0) {
             CheckSymmetry(*entry, draft, place, freedom);
         }
         for (const int node : place.Nodes) {
-            Restrain(support, draft, node, freedom, value);
+            Restrain(support, draft, known, {node, freedom, value});
         }
     }
     if (!any) {
@@ -222,7 +238,7 @@ void ReadSupport(const KeyTable& support, ProjectDraft& draft) {
     }
 }
 
-void ReadSpring(const KeyTable& spring, ProjectDraft& draft) {
+void ReadSpring(const KeyTable& spring, ProjectDraft& draft, ByNode& known) {
     const std::vector<std::string>& keys = draft.Freedoms.Keys;
     spring.Allow(WithPlace(keys));
     const Place place = ReadPlace(spring, draft);
@@ -232,21 +248,21 @@ void ReadSpring(const KeyTable& spring, ProjectDraft& draft) {
     for (std::size_t i = 0; i < keys.size(); ++i) {
         const double unit =
             i < draft.Freedoms.Displacements ? draft.Scale.LineLoad : draft.Scale.Moment;
-        stiffness[i] = spring.NumberOr(keys[i], NotNegative, 0) * unit / perLength;
+        stiffness[i] =
+            WithinOrZero(spring, keys[i].c_str(), NotNegative, unit, LargestSpring * perLength) /
+            perLength;
     }
     if (stiffness == std::array<double, 3>{}) {
         FailWithoutValue(spring, "has no stiffness; ", keys);
     }
     std::vector<NodeSpring>& springs = draft.Model.Springs;
-    for (const auto& [number, share] : Shares(spring, place, draft.Model)) {
-        const int node = number;
-        auto known = std::find_if(springs.begin(), springs.end(),
-                                  [node](const NodeSpring& s) { return s.Node == node; });
-        if (known == springs.end()) {
-            known = springs.insert(springs.end(), {node, {}});
+    for (const auto& [node, share] : Shares(spring, place, draft.Model)) {
+        const auto [at, isNew] = known.try_emplace({node, 0}, springs.size());
+        if (isNew) {
+            springs.push_back({node, {}});
         }
         for (std::size_t i = 0; i < 3; ++i) {
-            known->Stiffness[i] += share * stiffness[i];
+            springs[at->second].Stiffness[i] += share * stiffness[i];
         }
     }
 }
@@ -263,7 +279,7 @@ Place ReadPlace(const KeyTable& table, const ProjectDraft& draft,
     Place place;
     if (key == "line") {
         place.Nodes = NodesOnLine(entry, draft);
-        place.Sides = SidesAmong(place.Nodes, draft.Model);
+        place.Sides = SidesAmong(place.Nodes, draft);
         place.IsLine = true;
     } else if (key == "node") {
         const int count = static_cast<int>(draft.Model.Nodes.size());
@@ -299,15 +315,31 @@ std::map<int, double> Shares(const KeyTable& table, const Place& place, const Mo
     return shares;
 }
 
-int MeshNodeAt(const Entry& entry, const ProjectDraft& draft) {
-    const Point pair = entry.Pair();
-    const Point at{pair.x * draft.Scale.Length, pair.y * draft.Scale.Length};
-    const std::vector<Point>& nodes = draft.Model.Nodes;
+namespace {
+
+std::size_t NearestOfAll(const std::vector<Point>& nodes, const Point& at) {
     const auto nearest =
         std::min_element(nodes.begin(), nodes.end(), [&at](const Point& a, const Point& b) {
             return Distance(a, at) < Distance(b, at);
         });
-    const int number = static_cast<int>(nearest - nodes.begin()) + 1;
+    return static_cast<std::size_t>(nearest - nodes.begin());
+}
+
+} // namespace
+
+int MeshNodeAt(const Entry& entry, const ProjectDraft& draft) {
+    const Point pair = entry.Pair();
+    const Point at{pair.x * draft.Scale.Length, pair.y * draft.Scale.Length};
+    const std::vector<Point>& nodes = draft.Model.Nodes;
+    const auto nearer = [&](std::size_t a, std::size_t b) {
+        return Distance(nodes[a], at) < Distance(nodes[b], at);
+    };
+    const std::vector<std::size_t> close =
+        NodeSearch(draft).Meeting(BoxAround(at, at, 2 * draft.Tolerance));
+    const auto best = std::min_element(close.begin(), close.end(), nearer);
+    const std::size_t index = best == close.end() ? NearestOfAll(nodes, at) : *best;
+    const Point* const nearest = &nodes[index];
+    const int number = static_cast<int>(index) + 1;
     if (Distance(*nearest, at) > draft.Tolerance) {
         entry.Fail("is no mesh node; the nearest is node " + std::to_string(number) + " at " +
                    PlaceText(*nearest, draft.Scale) + " (allowed: up to " +
@@ -317,14 +349,16 @@ int MeshNodeAt(const Entry& entry, const ProjectDraft& draft) {
 }
 
 void ReadSupports(const KeyTable& root, ProjectDraft& draft) {
+    ByNode known;
     for (const KeyTable& support : root.Tables("supports")) {
-        ReadSupport(support, draft);
+        ReadSupport(support, draft, known);
     }
 }
 
 void ReadSprings(const KeyTable& root, ProjectDraft& draft) {
+    ByNode known;
     for (const KeyTable& spring : root.Tables("springs")) {
-        ReadSpring(spring, draft);
+        ReadSpring(spring, draft, known);
     }
 }
 

@@ -9,14 +9,6 @@ namespace slab {
 
 /// The mesh node at a place [x, y], which may be off by the snapping distance.
 int MeshNodeAt(const Entry& entry, const ProjectDraft& draft);
-/// The nodes that a support, spring or load stands on; for lines and edges, the element sides
-/// between them.
-struct Place {
-    std::vector<int> Nodes;
-    std::vector<Side> Sides;
-    bool IsLine = false;
-};
-
 /// Reads the one of the keys node, at, line and edge that is there; `kinds` are those allowed.
 Place ReadPlace(const KeyTable& table, const ProjectDraft& draft,
                 const std::vector<std::string>& kinds = {"node", "at", "line", "edge"});

@@ -1,12 +1,14 @@
 #include "hosts/slab/svg_text.h"
 
+#include "hosts/slab/printable.h"
+
 #include <cstdio>
 
 namespace slab {
 
 std::string Escaped(const std::string& text) {
     std::string safe;
-    for (const char c : text) {
+    for (const char c : Printable(text)) {
         switch (c) {
             case '<':
                 safe += "&lt;";

@@ -5,7 +5,7 @@
 
 namespace slab {
 
-/// The text with the characters escaped that mean something to XML.
+/// The text with the characters escaped that mean something to XML or a terminal.
 std::string Escaped(const std::string& text);
 
 /// A coordinate to a tenth of a pixel.

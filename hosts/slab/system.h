@@ -3,7 +3,7 @@
 // read and checked, and the outcome of its analysis. A new system is a reader in the table of
 // system.cpp and these two classes.
 //
-//     const std::unique_ptr<Project> project = OpenProject("raft.toml");
+//     const std::unique_ptr<Project> project = OpenProject("raft.toml", window);
 //     std::cout << project->Analyse(options, window)->Summary();
 
 #include "hosts/slab/analysis.h"
@@ -38,8 +38,9 @@ class Project {
                                              RunWindow& window) const = 0;
 };
 
-/// Reads a project file of any system. Throws InputError.
-std::unique_ptr<Project> OpenProject(const std::string& path);
+/// Reads a project file of any system; the window shows the progress of a reading that takes long.
+/// Throws InputError or Cancelled.
+std::unique_ptr<Project> OpenProject(const std::string& path, RunWindow& window);
 
 /// The same for a text; `name` stands for the file in messages.
 std::unique_ptr<Project> OpenProjectText(const std::string& text, const std::string& name);

@@ -52,7 +52,7 @@ Unit Chosen(const KeyTable& table, const char* key, const std::vector<Unit>& uni
 
 UnitScale ReadUnits(const KeyTable& root) {
     static const toml::table none;
-    static const std::string noFile;
+    static const SourceFile noFile;
     const KeyTable table = root.Has("units") ? root.Table("units") : KeyTable(none, "", noFile);
     table.Allow({"length", "force", "settlement", "modulus"});
     const Unit length = Chosen(table, "length", Lengths(), "m");

@@ -334,54 +334,5 @@ TEST(FrameRefusal, LimitsHoldOnBothSides) {
     }
 }
 
-TEST(FrameRefusal, NamesFileLineAndKey) {
-    const std::string frame = "system = \"frame\"\n"
-                              "[[sections]]\nname = \"bar\"\nmodulus = 2e8\narea = 0.01\n"
-                              "inertia = 1e-4\n"
-                              "[frame]\nnodes = [[0, 0], [5, 0], [10, 0]]\n"
-                              "[[members]]\nfrom = 1\nto = 2\nsection = \"bar\"\n"
-                              "[[members]]\nfrom = 2\nto = 3\nsection = \"bar\"\n"
-                              "[[supports]]\nnode = 1\nclamped = true\n"
-                              "[[loads.line]]\nmember = 1\nqy = 3\n";
-    ASSERT_EQ(Refusal(frame), "accepted");
-    const struct {
-        const char* From;
-        const char* To;
-        const char* Message;
-    } cases[] = {
-        {"inertia = 1e-4\n", "", "test.toml:2:1: sections[1].inertia: is missing"},
-        {"area = 0.01", "width = 1", "test.toml:6:11: sections[1].inertia: follows from width"},
-        {"area = 0.01\ninertia = 1e-4", "polygon = [[0, 0], [1, 0], [2, 0]]",
-         "test.toml:5:11: sections[1].polygon: encloses no area"},
-        {"area = 0.01\ninertia = 1e-4",
-         "polygon = [[0, 0], [9, 0], [9, 1], [1, 1], [1, 8], [9, 8], [9, 9], [0, 9]]",
-         "test.toml:5:11: sections[1].polygon: has corners that are hidden"},
-        {"modulus = 2e8", "modulus = 0", "sections[1].modulus: is 0 (allowed: greater than 0)"},
-        {"to = 2", "to = 3", "members[1]: passes through node 2 at (5, 0)"},
-        {"to = 2", "to = 4", "test.toml:11:6: members[1].to: is 4 (allowed: 1 to 3)"},
-        {"to = 2", "to = 1", "members[1].to: is 0 m from the start"},
-        {"to = 2", "to = [5, 1]", "members[1].to: is no node of frame.nodes"},
-        {"to = 3", "to = 1", "members[2]: joins the same nodes as member 1"},
-        {"[10, 0]]", "[10, 0], [3, 3]]", "frame.nodes: node 4 belongs to no member"},
-        {"[10, 0]]", "[0, 0]]", "frame.nodes[3]: lies at the place of node 1"},
-        {"[10, 0]]", "[99999, 0]]", "frame.nodes[3]: is 99999 from the origin"},
-        {"section = \"bar\"", "section = \"bat\"", "members[1].section: \"bat\" is not known"},
-        {"to = 3", "to = 3\nhinge = \"left\"", "members[2].hinge: \"left\" is not known"},
-        {"member = 1", "member = \"x\"", "loads.line[1].member: names a member, but no member"},
-        {"[[sections]]\nname = \"bar\"\nmodulus = 2e8\narea = 0.01\ninertia = 1e-4\n", "",
-         "beams and members need at least one of [[sections]]"},
-        {"qy = 3", "", "loads.line[1]: one of these keys is needed: qx, qy, w"},
-        {"qy = 3", "qy = 0", "nothing acts on the frame"},
-        {"[[supports]]\nnode = 1\nclamped = true\n", "", "nothing holds the frame"},
-        {"clamped = true", "w = 0", "supports[1].w: is not a key of this table"},
-        {"[[members]]", "[slab]\nthickness = 1\n[[members]]", "slab: is not a key of this table"},
-    };
-    for (const auto& c : cases) {
-        const std::string message = Refusal(Replaced(frame, c.From, c.To));
-        EXPECT_NE(message.find(c.Message), std::string::npos) << c.To << ": " << message;
-        EXPECT_EQ(message.rfind("test.toml:", 0), 0U) << message;
-    }
-}
-
 } // namespace
 } // namespace slab

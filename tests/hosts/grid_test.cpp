@@ -216,36 +216,6 @@ TEST(SlabWithBeams, BendTogether) {
     EXPECT_NEAR(At(json, "nodes", 4, 0.5)["mx"], 3e7 * 0.008 / 12 * curvature, 1e-3);
 }
 
-TEST(GridRefusal, NamesFileLineAndKey) {
-    const std::string cross = Bar("[0, 0]", "[6, 0]") + Bar("[3, -2]", "[3, 2]");
-    const std::string held = Support("[[0, 0], [6, 0], [3, 2]]", "w = 0") + Load("[3, 0]", 10);
-    EXPECT_EQ(Refusal(grid + cross + held), "accepted");
-    const struct {
-        std::string Text, Says;
-    } cases[] = {
-        {grid + held, "has 0 [[beams]] (allowed: 1 to 10000)"},
-        {grid + cross + Bar("[2, 0]", "[4, 0]") + held,
-         "beams[3].line: lies on \"beam 1\" between nodes"},
-        {grid + cross + Bar("[2, 1]", "[2.005, 1]") + held, "(allowed: at least 0.01)"},
-        {grid + cross + Support("[1, 1]", "w = 0") + Load("[3, 0]", 10), "is no mesh node"},
-        {grid + cross + Load("[3, 0]", 10), "nothing holds the grid"},
-        {grid + cross + Support("[0, 0]", "w = 0"), "nothing acts on the grid"},
-        {grid + cross + held + "[soil]\nkind = \"winkler\"\nsubgrade = 1000\n",
-         "soil: carries no beam"},
-        {grid + "poisson = 0.2\n" + cross + held, "poisson"},
-        {Replaced(grid, "torsion = 0.02\n", "") + cross + held, "torsion"},
-        {grid + cross + held + "[mesh]\npiece = 0.001\n",
-         "mesh.piece: is 0.001 (allowed: at least 0.01"},
-        {Replaced(grid + cross + held, "section = \"bar\"", "section = \"rod\""),
-         "beams[1].section"},
-    };
-    for (const auto& c : cases) {
-        const std::string message = Refusal(c.Text);
-        EXPECT_EQ(message.rfind("test.toml:", 0), 0u) << message;
-        EXPECT_NE(message.find(c.Says), std::string::npos) << c.Says << ": " << message;
-    }
-}
-
 TEST(GridRefusal, AMechanismNamesNodeAndFreedom) {
     const std::string text =
         grid + Bar("[0, 0]", "[6, 0]") + Load("[3, 0]", 10) + Support("[[0, 0], [6, 0]]", "w = 0");

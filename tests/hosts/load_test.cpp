@@ -56,9 +56,9 @@ slab::ProjectDraft Slab(const std::string& kind) {
     }
     const std::string text = "[mesh]\n" + mesh;
     const toml::table table = toml::parse(text);
-    const std::string name = kind;
+    const slab::SourceFile file{kind, {}};
     slab::ProjectDraft draft;
-    slab::ReadMesh(slab::KeyTable(table, "", name), draft);
+    slab::ReadMesh(slab::KeyTable(table, "", file), draft);
     draft.Model.NodalLoads.assign(3 * draft.Model.Nodes.size(), 0);
     return draft;
 }

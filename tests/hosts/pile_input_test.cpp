@@ -45,60 +45,6 @@ qc = 20
 qc = 20
 )";
 
-TEST(PileProject, WhatIsWrongIsRefused) {
-    EXPECT_EQ(Refusal(piled), "accepted");
-    EXPECT_EQ(Refusal(bored), "accepted");
-    struct Fault {
-        const std::string& Text;
-        const char* From;
-        const char* To;
-        const char* Message;
-    };
-    const Fault faults[] = {
-        {piled, "[1, 3]", "[1, 3.1]",
-         "test.toml:17:15: piles.groups[1].at[2]: is no mesh node; the nearest is node"},
-        {piled, "[1, 3]", "[1, 1]", "a pile already stands on node"},
-        {piled, "[1, 3]", "[1, 1.5]",
-         "overlaps the one on node 21, 0.5 m away (allowed: at least 0.6 m)"},
-        {piled, "[[1, 1], [1, 3], [3.5, 1]]", "[]", "names no place"},
-        {piled, "length = 8", "length = 11.8",
-         "test.toml:18:10: piles.groups[1].length: the pile "
-         "comes too close to the rigid base (allowed: up to "
-         "11.7 m"},
-        {piled, "length = 8", "length = 0.5", "wider than long"},
-        {piled, "segment = 1", "segment = 9",
-         "test.toml:15:11: piles.segment: is 9 m (allowed: 0.3 m"},
-        {piled, "segment = 1", "segment = 0.2", "to 8 m, the shortest pile"},
-        {piled, "segment = 1", "segment = 0", "allowed: greater than 0"},
-        {piled, "segment", "segments", "did you mean segment"},
-        {piled, "diameter = 0.6", "diameter = 0.6\ncapacity = -1", "capacity: is -1"},
-        {piled, "[[piles.groups]]", "[[piles.group]]", "did you mean groups"},
-        {piled, "layers = [{", "layers = [{ thickness = 1, modulus = 1, poisson = 0 }, {",
-         "piles in 2 layers are not analysed"},
-        {piled, "kind = \"layers\"\nlayers = [{ thickness = 12, modulus = 20000, poisson = 0.3 }]",
-         "kind = \"winkler\"\nsubgrade = 5000", "this soil has no depth"},
-        {piled,
-         "[soil]\nkind = \"layers\"\nlayers = [{ thickness = 12, modulus = 20000, poisson = "
-         "0.3 }]",
-         "", "test.toml:12:1: piles: piles stand in soil.kind"},
-        {bored, "qc = 20\n[base]", "qc = 20\ncu = 0.1\n[base]", "only one of these keys"},
-        {bored, "tau = 0.04", "", "one of these keys"},
-        {bored, "load = 2", "load = 0", "pile.load: is 0 (allowed: greater than 0)"},
-        {bored, "load = 2", "load = 2\nbase_diameter = 0.8", "is smaller than the shaft"},
-        {bored, "load = 2", "load = 2\nbase_diameter = 5.5", "has to lie in the lowest layer"},
-        {bored, "[base]\nqc = 20", "[base]\nresistance = [1, 3, 2]",
-         "base.resistance[3]: is smaller than the one before"},
-        {bored, "[base]\nqc = 20", "[base]\nresistance = [1, 2]", "has 2 values (allowed: 3)"},
-        {bored, "[pile]", "[slab]", "is not a key of this table"},
-    };
-    for (const Fault& fault : faults) {
-        const std::string text = Replaced(fault.Text, fault.From, fault.To);
-        ASSERT_NE(text, "") << fault.From;
-        EXPECT_NE(Refusal(text).find(fault.Message), std::string::npos) << fault.To << '\n'
-                                                                        << Refusal(text);
-    }
-}
-
 TEST(PileProject, PilesBesideASymmetryLineAreRefused) {
     std::string text = Replaced(piled, "\"none\"", "\"y\"");
     EXPECT_EQ(Refusal(Replaced(text, "diameter = 0.6", "diameter = 0.9")), "accepted");

@@ -1,11 +1,14 @@
 // Pile groups and piled rafts against printed values, laws and their own symmetry.
 
+#include "hosts/slab/analysis.h"
+#include "hosts/slab/piles/dense_inverse.h"
 #include "tests/hosts/quoted.h"
 #include "tests/hosts/slab_models.h"
 
 #include <gtest/gtest.h>
 
 #include <numbers>
+#include <random>
 
 namespace slab {
 namespace {
@@ -195,6 +198,39 @@ TEST(PiledRaft, PilesPullWhereTheRaftLiftsOff) {
     for (const NodeResult& node : results.Nodes) {
         EXPECT_GT(node.Pressure, -0.1);
     }
+}
+
+// Rows whose pivots vanish without an exchange, or would ruin every digit.
+TEST(DenseInverse, TimesTheMatrixIsOne) {
+    std::mt19937 random(3);
+    std::uniform_real_distribution<double> number(-1, 1);
+    for (const std::size_t n : {1U, 2U, 3U, 8U, 30U}) {
+        for (const double onDiagonal : {0.0, 1e-18, 1e-9}) {
+            Vector matrix(n * n);
+            for (std::size_t i = 0; i < n; ++i) {
+                for (std::size_t j = 0; j < n; ++j) {
+                    // Large in turned-round order, so that every column needs an exchange.
+                    matrix[i * n + j] = i + j == n - 1 ? 2 + number(random) : 0.1 * number(random);
+                }
+                matrix[i * n + i] = n > 1 && 2 * i != n - 1 ? onDiagonal : 3;
+            }
+            Vector inverse = matrix;
+            int rows = 0;
+            Invert(inverse, n, [&rows](int row) { EXPECT_EQ(row, ++rows); });
+            EXPECT_EQ(rows, static_cast<int>(n));
+            for (std::size_t i = 0; i < n; ++i) {
+                for (std::size_t j = 0; j < n; ++j) {
+                    double sum = 0;
+                    for (std::size_t k = 0; k < n; ++k) {
+                        sum += inverse[i * n + k] * matrix[k * n + j];
+                    }
+                    EXPECT_NEAR(sum, i == j, 1e-12) << n << ": " << i << ", " << j;
+                }
+            }
+        }
+    }
+    Vector singular{1, 2, 2, 4};
+    EXPECT_THROW(Invert(singular, 2, [](int) {}), AnalysisFailure);
 }
 
 // With antisymmetric loads the line of symmetry stays where it is, and opposite piles pull.

@@ -7,9 +7,12 @@
 
 #include <chrono>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -39,13 +42,15 @@ class Program : public testing::Test {
         std::ofstream(In(name), std::ios::binary) << text;
     }
 
-    /// Starts the program in the folder; its streams go to files.
-    pid_t Start(std::vector<std::string> arguments, const char* program = SLAB_PROGRAM) const {
+    /// Starts the program in the folder; its streams go to files there, or standard output to
+    /// another place.
+    pid_t Start(std::vector<std::string> arguments, const char* program = SLAB_PROGRAM,
+                const char* out = "out.txt") const {
         arguments.insert(arguments.begin(), program);
         const pid_t child = fork();
         if (child == 0) {
             fs::current_path(In("."));
-            (void)!std::freopen("out.txt", "w", stdout);
+            (void)!std::freopen(out, "w", stdout);
             (void)!std::freopen("err.txt", "w", stderr);
             std::vector<char*> pointers;
             pointers.reserve(arguments.size() + 1);
@@ -63,6 +68,12 @@ class Program : public testing::Test {
         waitpid(child, &status, 0);
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status),
                 FileText(In("out.txt")), FileText(In("err.txt"))};
+    }
+    /// Waits until the program has written this to standard error.
+    void AwaitMessage(const std::string& text) const {
+        while (FileText(In("err.txt")).find(text) == std::string::npos) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
     }
     Outcome Run(const std::vector<std::string>& arguments) const { return Wait(Start(arguments)); }
 
@@ -138,7 +149,8 @@ TEST_F(Program, ShippedExamplesBalanceAndConverge) {
     EXPECT_EQ(Run({"--example", "no-such"}).code, 2);
 }
 
-// The first call of the script builds the release: another level of optimisation, sources joined.
+// What the script runs is the release: another level of optimisation, sources joined. A test of its
+// own builds it first.
 TEST_F(Program, ReleaseGivesTheSameBits) {
     for (const std::string& name : Examples()) {
         ASSERT_EQ(Run({"--example", name}).code, 0);
@@ -250,14 +262,156 @@ TEST_F(Program, ExitCodesAndMessages) {
 TEST_F(Program, InterruptCancelsAndLeavesNoFile) {
     Save("large.toml", Project(half_space, 90));
     const pid_t child = Start({"large.toml", "--json", "r.json", "--report", "r.txt"});
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    AwaitMessage("\n");
     kill(child, SIGINT);
     const Outcome run = Wait(child);
     EXPECT_EQ(run.code, 130);
-    EXPECT_NE(run.err.find("cancelled"), std::string::npos);
+    EXPECT_NE(run.err.find("cancelled; nothing was written"), std::string::npos) << run.err;
     for (const auto& entry : fs::directory_iterator(In("."))) {
         EXPECT_NE(entry.path().filename().string().rfind("r.", 0), 0U) << entry.path();
     }
+}
+
+TEST_F(Program, ALongReadingShowsItsProgressAndIsCancelled) {
+    std::string text = Project(half_space, 60);
+    for (int i = 0; i < 9990; ++i) {
+        text += "[[loads.patch]]\nx = [0, 4]\ny = [0, 4]\npressure = 1\n";
+    }
+    Save("long.toml", text);
+    const pid_t child = Start({"long.toml", "--validate"});
+    AwaitMessage("Reading loads.patch");
+    kill(child, SIGTERM);
+    const Outcome run = Wait(child);
+    EXPECT_EQ(run.code, 143);
+    EXPECT_NE(run.err.find("cancelled"), std::string::npos) << run.err;
+}
+
+// The first signal is heard while the program waits for somebody else.
+TEST_F(Program, SignalsAreHeardWhileItWaits) {
+    for (const int signal : {SIGINT, SIGTERM}) {
+        ASSERT_EQ(mkfifo(In("p.fifo").c_str(), 0600), 0);
+        const pid_t reading = Start({"p.fifo"});
+        const int writer = open(In("p.fifo").c_str(), O_WRONLY); // returns when both ends are open
+        ASSERT_EQ(write(writer, "title", 5), 5);
+        int unread = 5;
+        while (unread != 0) {
+            ASSERT_EQ(ioctl(writer, FIONREAD, &unread), 0);
+        }
+        kill(reading, signal);
+        EXPECT_EQ(Wait(reading).code, 128 + signal);
+        close(writer);
+        fs::remove(In("p.fifo"));
+
+        Save("p.toml", Project(half_space, 20));
+        ASSERT_EQ(mkfifo(In("out.fifo").c_str(), 0600), 0);
+        const int reader = open(In("out.fifo").c_str(), O_RDONLY | O_NONBLOCK);
+        const int capacity = fcntl(reader, F_SETPIPE_SZ, 4096);
+        const pid_t writing = Start({"p.toml", "--json", "-", "--report", "r.txt"}, SLAB_PROGRAM,
+                                    In("out.fifo").c_str());
+        for (int full = 0; full < capacity;) {
+            ASSERT_EQ(ioctl(reader, FIONREAD, &full), 0);
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        kill(writing, signal);
+        const Outcome run = Wait(writing);
+        EXPECT_EQ(run.code, 128 + signal);
+        EXPECT_NE(run.err.find("cancelled while the results were written"), std::string::npos);
+        EXPECT_NE(FileText(In("r.txt")), "") << "files do not wait for the reader of the pipe";
+        close(reader);
+        fs::remove(In("out.fifo"));
+    }
+}
+
+TEST_F(Program, AFullDiskIsNoSuccess) {
+    Save("p.toml", Project(half_space));
+    const std::vector<std::string> calls[] = {{"--help"},     {"--version"},
+                                              {"--examples"}, {"p.toml", "--validate"},
+                                              {"p.toml"},     {"p.toml", "--json", "-"}};
+    for (const auto& arguments : calls) {
+        const Outcome run = Wait(Start(arguments, SLAB_PROGRAM, "/dev/full"));
+        EXPECT_EQ(run.code, 3) << arguments.back();
+        EXPECT_NE(run.err.find("standard output: cannot be written"), std::string::npos) << run.err;
+    }
+    EXPECT_EQ(Run({"p.toml", "--picture", "/dev/full"}).code, 3);
+}
+
+TEST_F(Program, OutputsSpareTheProjectAndOneAnother) {
+    Save("p.toml", Project(half_space));
+    fs::create_symlink("p.toml", In("soft.toml"));
+    fs::create_hard_link(In("p.toml"), In("hard.toml"));
+    fs::create_symlink("new.json", In("ahead.json"));
+    fs::create_directory(In("sub"));
+    const std::vector<std::string> wrong[] = {
+        {"p.toml", "--json", "p.toml"},
+        {"p.toml", "--json", "sub/../p.toml"},
+        {"p.toml", "--report", "soft.toml"},
+        {"soft.toml", "--report", "hard.toml"},
+        {"p.toml", "--report", "r.txt", "--json", "./r.txt"},
+        {"p.toml", "--picture", "new.json", "--json", "ahead.json"},
+        {"p.toml", "--report", "-", "--json", "-"},
+        {"p.toml", "--report", "out.txt"}, // where standard output goes
+    };
+    for (const auto& arguments : wrong) {
+        const Outcome run = Run(arguments);
+        EXPECT_EQ(run.code, 2) << testing::PrintToString(arguments);
+        EXPECT_NE(run.err.find(arguments[arguments.size() - 2]), std::string::npos) << run.err;
+        EXPECT_EQ(FileText(In("p.toml")), Project(half_space));
+        EXPECT_FALSE(fs::exists(In("new.json")) || fs::exists(In("r.txt")));
+    }
+    EXPECT_EQ(Run({"p.toml", "--report", "/dev/null", "--json", "/dev/null"}).code, 0);
+}
+
+TEST_F(Program, ModeAndLinksOfAnOutputStay) {
+    Save("p.toml", Project(half_space));
+    Save("private.json", "old");
+    fs::permissions(In("private.json"), fs::perms::owner_read | fs::perms::owner_write);
+    Save("twice.txt", std::string(1 << 20, 'x'));
+    fs::create_hard_link(In("twice.txt"), In("other.txt"));
+    fs::create_symlink("target.svg", In("link.svg"));
+    ASSERT_EQ(Run({"p.toml", "--json", "private.json", "--report", "twice.txt", "--picture",
+                   "link.svg", "--quiet"})
+                  .code,
+              0);
+    EXPECT_EQ(fs::status(In("private.json")).permissions(),
+              fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(FileText(In("private.json")).rfind("{", 0), 0U);
+    EXPECT_EQ(fs::hard_link_count(In("twice.txt")), 2U);
+    EXPECT_NE(FileText(In("other.txt")).find("Equations"), std::string::npos);
+    EXPECT_EQ(FileText(In("other.txt")).find("xxx"), std::string::npos);
+    EXPECT_TRUE(fs::is_symlink(In("link.svg")));
+    EXPECT_EQ(FileText(In("target.svg")).rfind("<svg", 0), 0U);
+}
+
+// ESC, the eight-bit control of a terminal, an end of line that would forge one, and delete.
+TEST_F(Program, ControlCharactersAreWrittenOut) {
+    const std::string title = "title = \"a\\u001b[31mb\\u009b2Jc\\nd\\u007fe\\u00e4\"\n";
+    Save("slab.toml", title + Project(half_space));
+    Save("wall.toml", title + "system = \"wall\"\n[mesh]\nx = [1, 1]\ny = [1, 1]\n[wall]\n"
+                              "thickness = 0.2\nmodulus = 3e7\npoisson = 0.2\nunit_weight = 25\n"
+                              "[[supports]]\nedge = \"bottom\"\nu = 0\nv = 0\n");
+    Save("pile.toml", title + "system = \"pile\"\n[pile]\ndiameter = 0.9\nload = 2000\n[[layers]]\n"
+                              "thickness = 9\nqc = 9000\n[base]\nqc = 9000\n");
+    const std::string safe = "a\\u001b[31mb\\u009b2Jc\\u000ad\\u007fe\u00e4";
+    for (const std::string project : {"slab.toml", "wall.toml", "pile.toml"}) {
+        const Outcome run =
+            Run({project, "--report", "r.txt", "--json", "r.json", "--picture", "r.svg"});
+        ASSERT_EQ(run.code, 0) << run.err;
+        const std::string report = FileText(In("r.txt"));
+        for (const std::string& text : {run.out, report, FileText(In("r.svg"))}) {
+            EXPECT_EQ(text.find_first_of("\x1b\x7f"), std::string::npos) << project;
+            EXPECT_EQ(text.find("\xc2\x9b"), std::string::npos) << project;
+        }
+        EXPECT_EQ(run.out.rfind(safe + '\n', 0), 0U) << run.out.substr(0, 60);
+        EXPECT_NE(report.find(safe + "\r\n"), std::string::npos) << project;
+        const std::string json = FileText(In("r.json"));
+        EXPECT_EQ(json.find_first_of("\x1b\x7f"), std::string::npos) << project;
+        EXPECT_EQ(json.find("\xc2\x9b"), std::string::npos) << project;
+        EXPECT_EQ(nlohmann::json::parse(json)["title"], "a\x1b[31mb\xc2\x9b"
+                                                        "2Jc\nd\x7f"
+                                                        "e\u00e4");
+    }
+    Save("wrong.toml", "\"k\\u001b[2J\" = 1\n");
+    EXPECT_NE(Run({"wrong.toml"}).err.find("k\\u001b[2J"), std::string::npos);
 }
 
 } // namespace

@@ -136,16 +136,5 @@ TEST(WallHost, SymmetryWeightAndBodies) {
               std::string::npos);
 }
 
-TEST(WallRefusal, NamesFileLineAndKey) {
-    const std::string wall = Wall("x = { count = 2, length = 20 }\ny = { count = 2, length = 20 }",
-                                  "[[loads.edge]]\nedge = \"top\"\nqy = 5\n"
-                                  "[[supports]]\nedge = \"bottom\"\nclamped = true\n");
-    ASSERT_EQ(Refusal(wall), "accepted");
-    EXPECT_NE(Refusal(wall + "theta = 0\n").find("supports[1].theta: is not a key"),
-              std::string::npos);
-    EXPECT_NE(Refusal(Replaced(wall, "qy = 5", "")).find("loads.edge[1]: one of"),
-              std::string::npos);
-}
-
 } // namespace
 } // namespace slab

@@ -1,6 +1,7 @@
 #include "hosts/slab/beams/beam_reader.h"
 
 #include "hosts/slab/beams/grid_nodes.h"
+#include "hosts/slab/limits.h"
 #include "hosts/slab/mesh.h"
 #include "hosts/slab/sections.h"
 
@@ -39,14 +40,10 @@ Beam ReadBeam(const KeyTable& table, const ProjectDraft& draft, std::size_t numb
     table.Allow({"name", "line", "section", "load"});
     Beam beam;
     beam.Name = table.Has("name") ? table.Get("name").Text() : "beam " + std::to_string(number);
-    std::vector<std::string> names;
-    for (const Section& section : draft.Model.Sections) {
-        names.push_back(section.Name);
-    }
-    beam.Section = table.Get("section").Choice(names);
+    beam.Section = ChoiceByName(table.Get("section"), draft.Model.Sections);
     const Section& section = draft.Model.Sections[beam.Section];
-    beam.Load =
-        table.NumberOr("load", Any, 0) * draft.Scale.LineLoad + section.Area * section.UnitWeight;
+    beam.Load = WithinOrZero(table, "load", Any, draft.Scale.LineLoad, LargestLoad) +
+                section.Area * section.UnitWeight;
     return beam;
 }
 
@@ -56,7 +53,8 @@ class BeamDivider {
     explicit BeamDivider(ProjectDraft& draft) : draft_(draft) {}
 
     void Add(const KeyTable& table, const Axis& axis, const Beam& whole) {
-        const std::vector<int> nodes = NodesOnAxis(axis, draft_.Model.Nodes, draft_.Tolerance);
+        const std::vector<int> nodes =
+            NodesOnAxis(axis, draft_.Model.Nodes, NodeSearch(draft_), draft_.Tolerance);
         RequireEnd(table, nodes.empty() ? 0 : nodes.front(), axis.From, "starts");
         RequireEnd(table, nodes.empty() ? 0 : nodes.back(), axis.To, "ends");
         for (std::size_t i = 0; i + 1 < nodes.size(); ++i) {
@@ -183,11 +181,12 @@ void ReadGridBeams(const KeyTable& root, double subgrade, ProjectDraft& draft) {
         const bool rests = draft.Model.Sections[beams.back().Section].ContactWidth > 0;
         beams.back().Subgrade = rests ? subgrade : 0;
     }
-    draft.Model.Nodes =
-        GridNodes(axes, LongestPieces(root, beams, axes, draft), NamedPlaces(root, draft));
+    draft.Model.Nodes = GridNodes(axes, LongestPieces(root, beams, axes, draft),
+                                  NamedPlaces(root, draft), [&root] { root.Poll(); });
     draft.Tolerance = SamePlace;
     BeamDivider divider(draft);
     for (std::size_t i = 0; i < beams.size(); ++i) {
+        root.Poll();
         divider.Add(tables[i], axes[i], beams[i]);
     }
     draft.Model.NodalLoads.assign(3 * draft.Model.Nodes.size(), 0);

@@ -71,22 +71,30 @@ bool Crossing(const Axis& a, const Axis& b, Point& at) {
 }
 
 /// The ends and crossings of the axes and the places on them.
-Places Corners(const std::vector<Axis>& axes, const std::vector<Point>& places) {
+Places Corners(const std::vector<Axis>& axes, const std::vector<Point>& places,
+               const std::function<void()>& poll) {
     Places found;
     for (const Axis& axis : axes) {
         found.Add(axis.From);
         found.Add(axis.To);
     }
+    std::vector<Region> boxes;
+    for (const Axis& axis : axes) {
+        boxes.push_back(BoxAround(axis.From, axis.To, 2 * SamePlace));
+    }
+    const BoxSearch search(boxes);
     for (const Point& place : places) {
-        if (std::any_of(axes.begin(), axes.end(),
-                        [&](const Axis& axis) { return IsOn(axis, place, SamePlace); })) {
+        const std::vector<std::size_t> near = search.Meeting({place, place});
+        if (std::any_of(near.begin(), near.end(),
+                        [&](std::size_t i) { return IsOn(axes[i], place, SamePlace); })) {
             found.Add(place);
         }
     }
     for (std::size_t i = 0; i < axes.size(); ++i) {
-        for (std::size_t j = 0; j < i; ++j) {
+        poll();
+        for (const std::size_t j : search.Along(axes[i].From, axes[i].To, SamePlace)) {
             Point at;
-            if (Crossing(axes[i], axes[j], at)) {
+            if (j < i && Crossing(axes[i], axes[j], at)) {
                 found.Add(at);
             }
         }
@@ -95,8 +103,9 @@ Places Corners(const std::vector<Axis>& axes, const std::vector<Point>& places) 
 }
 
 /// Points that divide an axis between its corners into pieces of about the same length.
-void Divide(const Axis& axis, double longest, const std::vector<Point>& corners, Places& found) {
-    const std::vector<int> on = NodesOnAxis(axis, corners, SamePlace);
+void Divide(const Axis& axis, double longest, const std::vector<Point>& corners,
+            const BoxSearch& search, Places& found) {
+    const std::vector<int> on = NodesOnAxis(axis, corners, search, SamePlace);
     for (std::size_t i = 0; i + 1 < on.size(); ++i) {
         const Point& a = corners[static_cast<std::size_t>(on[i] - 1)];
         const Point& b = corners[static_cast<std::size_t>(on[i + 1] - 1)];
@@ -127,20 +136,23 @@ void Order(std::vector<Point>& nodes) {
 } // namespace
 
 std::vector<Point> GridNodes(const std::vector<Axis>& axes, const std::vector<double>& longest,
-                             const std::vector<Point>& places) {
-    Places found = Corners(axes, places);
+                             const std::vector<Point>& places, const std::function<void()>& poll) {
+    Places found = Corners(axes, places, poll);
     const std::vector<Point> corners = found.All();
+    const BoxSearch search(corners);
     for (std::size_t i = 0; i < axes.size(); ++i) {
-        Divide(axes[i], longest[i], corners, found);
+        poll();
+        Divide(axes[i], longest[i], corners, search, found);
     }
     std::vector<Point> nodes = found.All();
     Order(nodes);
     return nodes;
 }
 
-std::vector<int> NodesOnAxis(const Axis& axis, const std::vector<Point>& nodes, double tolerance) {
+std::vector<int> NodesOnAxis(const Axis& axis, const std::vector<Point>& nodes,
+                             const BoxSearch& search, double tolerance) {
     std::vector<std::pair<double, int>> found;
-    for (std::size_t n = 0; n < nodes.size(); ++n) {
+    for (const std::size_t n : search.Along(axis.From, axis.To, 2 * tolerance)) {
         if (IsOn(axis, nodes[n], tolerance)) {
             found.emplace_back(LocalOf(axis, nodes[n]).Along, static_cast<int>(n) + 1);
         }

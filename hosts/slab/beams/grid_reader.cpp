@@ -2,6 +2,7 @@
 
 #include "hosts/slab/beams/beam_reader.h"
 #include "hosts/slab/key_table.h"
+#include "hosts/slab/limits.h"
 #include "hosts/slab/project.h"
 #include "hosts/slab/project_file.h"
 #include "hosts/slab/soil_reader.h"
@@ -24,9 +25,10 @@ void ReadGridLoads(const KeyTable& root, ProjectDraft& draft) {
         if (!load.Has("force") && !load.Has("moment_wx") && !load.Has("moment_wy")) {
             load.Fail("one of these keys is needed: force, moment_wx, moment_wy");
         }
-        const double values[] = {load.NumberOr("force", Any, 0) * draft.Scale.Force,
-                                 load.NumberOr("moment_wx", Any, 0) * draft.Scale.Moment,
-                                 load.NumberOr("moment_wy", Any, 0) * draft.Scale.Moment};
+        const double values[] = {
+            WithinOrZero(load, "force", Any, draft.Scale.Force, LargestLoad),
+            WithinOrZero(load, "moment_wx", Any, draft.Scale.Moment, LargestLoad),
+            WithinOrZero(load, "moment_wy", Any, draft.Scale.Moment, LargestLoad)};
         for (const int node : ReadPlace(load, draft, {"node", "at"}).Nodes) {
             for (std::size_t f = 0; f < 3; ++f) {
                 draft.Model.NodalLoads[3 * static_cast<std::size_t>(node - 1) + f] += values[f];
@@ -47,7 +49,7 @@ double ReadGridSoil(const KeyTable& root, ProjectDraft& draft) {
     }
     draft.Model.Soil.Kind = SoilKind::Winkler;
     draft.Model.Soil.TensionCutOff = table.Has("tension") && !table.Get("tension").Flag();
-    return table.Get("subgrade").Number(NotNegative) * draft.Scale.Density;
+    return Within(table.Get("subgrade"), NotNegative, draft.Scale.Density, LargestSpring);
 }
 
 void RequireBeamOnSoil(const KeyTable& root, const Model& model) {

@@ -1,6 +1,7 @@
 // What the user gets to see of a bored pile.
 
 #include "hosts/slab/piles/bored_pile.h"
+#include "hosts/slab/printable.h"
 #include "hosts/slab/quantities.h"
 
 #include "torlib/ui/torva_class.h"
@@ -96,7 +97,7 @@ class PileReport {
     }
 
   private:
-    void Raw(const std::string& line) { text_ += FromUtf8(line) + u"\r\n"; }
+    void Raw(const std::string& line) { text_ += FromUtf8(Printable(line)) + u"\r\n"; }
     void Heading(const std::string& heading) {
         Raw("");
         Raw(heading);
@@ -243,7 +244,7 @@ class Diagram {
 std::string SummaryText(const BoredPile& pile, const BoredPileResults& results) {
     const Writer write(pile);
     std::ostringstream out;
-    out << TitleOf(pile) << "\n\n";
+    out << Printable(TitleOf(pile)) << "\n\n";
     for (const std::string& line : CurveLines(pile, results)) {
         out << line << '\n';
     }
@@ -307,7 +308,7 @@ std::string JsonText(const BoredPile& pile, const BoredPileResults& results) {
                              {"resistance", force(results.LoadAtSettlement)}};
     }
     document["warnings"] = results.Warnings;
-    return document.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
+    return Printable(document.dump(1, ' ', false, Json::error_handler_t::replace), true) + "\n";
 }
 
 std::string PictureText(const BoredPile& pile, const BoredPileResults& results) {

@@ -60,11 +60,25 @@ class MemberReader {
 
     /// The node at a place, from 1, or 0.
     int Find(const Point& place) const {
-        const std::vector<Point>& nodes = draft_.Model.Nodes;
-        const auto known = std::find_if(nodes.begin(), nodes.end(), [&place](const Point& node) {
-            return Distance(node, place) < SamePlace;
-        });
-        return known == nodes.end() ? 0 : static_cast<int>(known - nodes.begin()) + 1;
+        int found = 0;
+        const auto [column, row] = CellOf(place);
+        for (const long long i : {column - 1, column, column + 1}) {
+            for (const long long j : {row - 1, row, row + 1}) {
+                const auto [first, last] = cells_.equal_range({i, j});
+                for (auto at = first; at != last; ++at) {
+                    const Point& node =
+                        draft_.Model.Nodes[static_cast<std::size_t>(at->second - 1)];
+                    const bool earlier = found == 0 || at->second < found;
+                    found = earlier && Distance(node, place) < SamePlace ? at->second : found;
+                }
+            }
+        }
+        return found;
+    }
+
+    /// Of a raster in which nodes at the same place lie in the same cell or in neighbours.
+    static std::pair<long long, long long> CellOf(const Point& place) {
+        return {std::llround(place.x / SamePlace), std::llround(place.y / SamePlace)};
     }
 
     void ReadNodes() {
@@ -93,6 +107,7 @@ class MemberReader {
         }
         CheckFromOrigin(entry, place, draft_);
         Nodes().push_back(place);
+        cells_.emplace(CellOf(place), static_cast<int>(Nodes().size()));
         return static_cast<int>(Nodes().size());
     }
 
@@ -133,11 +148,7 @@ class MemberReader {
         }
         Member member;
         member.Name = table.Has("name") ? table.Get("name").Text() : "";
-        std::vector<std::string> names;
-        for (const Section& section : frame_.Sections) {
-            names.push_back(section.Name);
-        }
-        member.Section = table.Get("section").Choice(names);
+        member.Section = ChoiceByName(table.Get("section"), frame_.Sections);
         if (const auto hinge = table.Find("hinge")) {
             member.Hinges = static_cast<torlib::FrameHingedType>(
                 hinge->Choice({"none", "start", "end", "both"}));
@@ -163,7 +174,7 @@ class MemberReader {
         const Element& element = draft_.Model.Elements[m];
         const Point& a = Nodes()[static_cast<std::size_t>(element.Node[0] - 1)];
         const Point& b = Nodes()[static_cast<std::size_t>(element.Node[1] - 1)];
-        for (std::size_t n = 0; n < Nodes().size(); ++n) {
+        for (const std::size_t n : NodeSearch(draft_).Along(a, b, draft_.Tolerance)) {
             if (LiesInside(Nodes()[n], a, b, draft_.Tolerance)) {
                 table.Fail("passes through node " + std::to_string(n + 1) + " at " +
                            PlaceText(Nodes()[n], draft_.Scale) +
@@ -188,7 +199,8 @@ class MemberReader {
     ProjectDraft& draft_;
     FrameModel& frame_;
     bool listed_ = false;
-    std::map<Side, std::size_t> owner_; // member numbers
+    std::map<Side, std::size_t> owner_;                         // member numbers
+    std::multimap<std::pair<long long, long long>, int> cells_; // node numbers
 };
 
 } // namespace

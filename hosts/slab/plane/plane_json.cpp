@@ -1,4 +1,5 @@
 #include "hosts/slab/plane/plane_output.h"
+#include "hosts/slab/printable.h"
 
 #include <nlohmann/json.hpp>
 
@@ -84,7 +85,7 @@ std::string PlaneJson(const PlaneResults& results) {
         document[table.Key] = RowsJson(table);
     }
     // A file name or title may hold bytes that are no UTF-8; they must not cost the results.
-    return document.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
+    return Printable(document.dump(1, ' ', false, Json::error_handler_t::replace), true) + "\n";
 }
 
 } // namespace slab

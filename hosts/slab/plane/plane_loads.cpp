@@ -1,5 +1,6 @@
 // Loads of plane systems. Vertical loads of the file are positive downward, v is positive upward.
 
+#include "hosts/slab/limits.h"
 #include "hosts/slab/mesh.h"
 #include "hosts/slab/plane/plane_mechanism.h"
 #include "hosts/slab/plane/plane_reader.h"
@@ -32,9 +33,9 @@ void ReadNodeLoad(const KeyTable& load, ProjectDraft& draft, const std::vector<c
         load.Fail("one of these keys is needed: fx, fy" +
                   std::string(turns.empty() ? "" : ", moment"));
     }
-    const double right = load.NumberOr("fx", Any, 0) * draft.Scale.Force;
-    const double down = load.NumberOr("fy", Any, 0) * draft.Scale.Force;
-    const double moment = load.NumberOr("moment", Any, 0) * draft.Scale.Moment;
+    const double right = WithinOrZero(load, "fx", Any, draft.Scale.Force, LargestLoad);
+    const double down = WithinOrZero(load, "fy", Any, draft.Scale.Force, LargestLoad);
+    const double moment = WithinOrZero(load, "moment", Any, draft.Scale.Moment, LargestLoad);
     for (const int node : ReadPlace(load, draft, {"node", "at"}).Nodes) {
         const auto index = static_cast<std::size_t>(node - 1);
         AddForce(draft.Model, node, right, down);
@@ -46,6 +47,20 @@ void ReadNodeLoad(const KeyTable& load, ProjectDraft& draft, const std::vector<c
     }
 }
 
+[[noreturn]] void FailForName(const Entry& entry, const FrameModel& frame) {
+    std::vector<std::string> names;
+    for (const Member& member : frame.Members) {
+        if (!member.Name.empty() &&
+            std::find(names.begin(), names.end(), member.Name) == names.end()) {
+            names.push_back(member.Name);
+        }
+    }
+    if (!names.empty()) {
+        entry.Choice(names);
+    }
+    entry.Fail("names a member, but no member has a name");
+}
+
 /// The members that a number, a name or a list of them means.
 std::vector<std::size_t> MembersOf(const Entry& entry, const FrameModel& frame) {
     std::vector<std::size_t> found;
@@ -55,21 +70,15 @@ std::vector<std::size_t> MembersOf(const Entry& entry, const FrameModel& frame) 
                 item.WholeNumber(1, static_cast<int>(frame.Members.size())) - 1));
             return;
         }
-        std::vector<std::string> names;
-        for (const Member& member : frame.Members) {
-            if (!member.Name.empty() &&
-                std::find(names.begin(), names.end(), member.Name) == names.end()) {
-                names.push_back(member.Name);
-            }
-        }
-        const std::string name = names.empty() ? "" : names[item.Choice(names)];
-        if (names.empty()) {
-            item.Fail("names a member, but no member has a name");
-        }
-        for (std::size_t m = 0; m < frame.Members.size(); ++m) {
+        const std::string name = item.Text();
+        const std::size_t before = found.size();
+        for (std::size_t m = 0; m < frame.Members.size() && !name.empty(); ++m) {
             if (frame.Members[m].Name == name) {
                 found.push_back(m);
             }
+        }
+        if (found.size() == before) {
+            FailForName(item, frame);
         }
     };
     if (!entry.IsList()) {
@@ -90,9 +99,9 @@ void ReadMemberLoad(const KeyTable& load, const UnitScale& scale, FrameModel& fr
     if (!load.Has("qx") && !load.Has("qy") && !load.Has("w")) {
         load.Fail("one of these keys is needed: qx, qy, w");
     }
-    const MemberLoads more{load.NumberOr("qx", Any, 0) * scale.LineLoad,
-                           load.NumberOr("qy", Any, 0) * scale.LineLoad,
-                           load.NumberOr("w", Any, 0) * scale.LineLoad};
+    const MemberLoads more{WithinOrZero(load, "qx", Any, scale.LineLoad, LargestLoad),
+                           WithinOrZero(load, "qy", Any, scale.LineLoad, LargestLoad),
+                           WithinOrZero(load, "w", Any, scale.LineLoad, LargestLoad)};
     for (const std::size_t m : MembersOf(load.Get("member"), frame)) {
         MemberLoads& loads = frame.Members[m].Loads;
         loads.AcrossHeight += more.AcrossHeight;
@@ -106,8 +115,8 @@ void ReadEdgeLoad(const KeyTable& load, ProjectDraft& draft) {
     if (!load.Has("qx") && !load.Has("qy")) {
         load.Fail("one of these keys is needed: qx, qy");
     }
-    const double right = load.NumberOr("qx", Any, 0) * draft.Scale.LineLoad;
-    const double down = load.NumberOr("qy", Any, 0) * draft.Scale.LineLoad;
+    const double right = WithinOrZero(load, "qx", Any, draft.Scale.LineLoad, LargestLoad);
+    const double down = WithinOrZero(load, "qy", Any, draft.Scale.LineLoad, LargestLoad);
     const Place place = ReadPlace(load, draft, {"line", "edge"});
     for (const auto& [node, length] : Shares(load, place, draft.Model)) {
         AddForce(draft.Model, node, right * length, down * length);

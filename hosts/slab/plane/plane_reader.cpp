@@ -75,6 +75,7 @@ Model ReadWallProject(const ProjectFile& file) {
     ReadMesh(root, draft);
     ReadSlab(root, draft, "wall");
     HalveRectangles(draft.Model);
+    draft.Search = {};
     ReadSupports(root, draft);
     ReadSprings(root, draft);
     ReadWallLoads(root, draft);

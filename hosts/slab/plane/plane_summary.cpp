@@ -1,4 +1,5 @@
 #include "hosts/slab/plane/plane_output.h"
+#include "hosts/slab/printable.h"
 #include "hosts/slab/quantities.h"
 #include "hosts/slab/report_lines.h"
 
@@ -40,9 +41,9 @@ void BalanceLines(const PlaneResults& results, std::ostringstream& out) {
 
 std::string PlaneSummary(const PlaneResults& results) {
     std::ostringstream out;
-    out << (results.Title.empty() ? results.System : results.Title) << "\n  " << results.System
-        << ": " << results.Size << ", " << results.Equations << " equations, half band width "
-        << results.HalfBandWidth << "\n\n";
+    out << (results.Title.empty() ? results.System : Printable(results.Title)) << "\n  "
+        << results.System << ": " << results.Size << ", " << results.Equations
+        << " equations, half band width " << results.HalfBandWidth << "\n\n";
     ExtremeLines(results, out);
     out << '\n';
     BalanceLines(results, out);
@@ -55,7 +56,7 @@ std::string PlaneSummary(const PlaneResults& results) {
     for (const std::string& warning : results.Warnings) {
         out << "  Warning    " << warning << '\n';
     }
-    return out.str();
+    return Printable(out.str(), true);
 }
 
 } // namespace slab
