@@ -1,8 +1,162 @@
 #include "torlib/soil/soil_class.h"
 
 #include "torlib/frame/class_table.h"
+#include "torlib/platform/component/run_time_error.h"
+#include "torlib/soil/soil_factors.h"
 
 namespace torlib {
+namespace {
+
+Real DistanceInPlan(const Single& x1, const Single& x2, const Single& y1, const Single& y2) {
+    const Real dx = x1 - x2;
+    const Real dy = y1 - y2;
+    return Sqrt(dy * dy + dx * dx);
+}
+
+} // namespace
+
+Single Soil_Class::Sz_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                           const Single& ZG) const {
+    const MemberScope scope("Soil_Class.Sz_P_ST");
+    return soil::PointStressZ({x1, x2, y1, y2, ZG});
+}
+
+Single Soil_Class::Sx_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                           const Single& ZG, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Sx_P_ST");
+    return soil::PointStressX({x1, x2, y1, y2, ZG}, Anue);
+}
+
+Single Soil_Class::Sy_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                           const Single& ZG, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Sy_P_ST");
+    return soil::PointStressY({x1, x2, y1, y2, ZG}, Anue);
+}
+
+Single Soil_Class::Txy_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                            const Single& ZG, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Txy_P_ST");
+    return soil::PointShearXy({x1, x2, y1, y2, ZG}, Anue);
+}
+
+Single Soil_Class::Txz_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                            const Single& ZG) const {
+    const MemberScope scope("Soil_Class.Txz_P_ST");
+    return soil::PointShearXz({x1, x2, y1, y2, ZG});
+}
+
+Single Soil_Class::Tyz_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                            const Single& ZG) const {
+    const MemberScope scope("Soil_Class.Tyz_P_ST");
+    return soil::PointShearYz({x1, x2, y1, y2, ZG});
+}
+
+Single Soil_Class::Wz_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                           const Single& ZG, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Wz_P_ST");
+    return soil::PointSettlement({x1, x2, y1, y2, ZG}, Anue);
+}
+
+Single Soil_Class::Ux_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                           const Single& ZG, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Ux_P_ST");
+    return soil::PointDisplacementX({x1, x2, y1, y2, ZG}, Anue);
+}
+
+Single Soil_Class::Vy_P_ST(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                           const Single& ZG, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Vy_P_ST");
+    return soil::PointDisplacementY({x1, x2, y1, y2, ZG}, Anue);
+}
+
+Single Soil_Class::Fxy(const Single& x1, const Single& y1, const Single& x2, const Single& y2,
+                       Single ZG, Single Nue, const Integer& I_Par) const {
+    const MemberScope scope("Soil_Class.Fxy");
+    const soil::Place at(x1, x2, y1, y2, ZG == 0 ? Single(0.1) : ZG);
+    switch (I_Par) {
+        case 2:
+            return soil::PointDisplacementX(at, Nue);
+        case 3:
+            return soil::PointDisplacementY(at, Nue);
+        case 4:
+            return soil::PointSettlement(at, Nue);
+        case 5:
+            return soil::PointStressX(at, Nue);
+        case 6:
+            return soil::PointStressY(at, Nue);
+        case 7:
+            return soil::PointStressZ(at);
+        case 8:
+            return soil::PointShearXy(at, Nue);
+        case 9:
+            return soil::PointShearXz(at);
+        case 10:
+            return soil::PointShearYz(at);
+        default:
+            return 0;
+    }
+}
+
+Single Soil_Class::Sz_q_ST(const Single& FT, const Single& Dt, const Single& ET, Single ZG,
+                           const Single& AreaNode) const {
+    const MemberScope scope("Soil_Class.Sz_q_ST");
+    return soil::TriangleStressZ({FT, Dt, ET}, ZG == 0 ? Single(1E-10) : ZG, AreaNode);
+}
+
+Single Soil_Class::Wz_q_ST(const Single& FT, const Single& Dt, const Single& ET, const Single& ZG,
+                           const Single& AreaNode, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Wz_q_ST");
+    return soil::TriangleSettlement({FT, Dt, ET}, ZG, AreaNode, Anue);
+}
+
+Single Soil_Class::Txz_q_ST(const Single& FT, const Single& Dt, const Single& ET, const Single& ZG,
+                            const Single& AreaNode) const {
+    const MemberScope scope("Soil_Class.Txz_q_ST");
+    return soil::TriangleShearAcross({FT, Dt, ET}, ZG, AreaNode);
+}
+
+Single Soil_Class::Tyz_q_ST(const Single& FT, const Single& Dt, const Single& ET, const Single& ZG,
+                            const Single& AreaNode) const {
+    const MemberScope scope("Soil_Class.Tyz_q_ST");
+    return soil::TriangleShearAlong({FT, Dt, ET}, ZG, AreaNode);
+}
+
+Single Soil_Class::Co_P_HS(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                           const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Co_P_HS");
+    return soil::SurfaceSettlement(DistanceInPlan(x1, x2, y1, y2), Anue);
+}
+
+Single Soil_Class::Co_q_HS(const Single& FT, const Single& Dt, const Single& ET,
+                           const Single& AreaNode, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Co_q_HS");
+    return soil::SurfaceSettlement({FT, Dt, ET}, AreaNode, Anue);
+}
+
+Single Soil_Class::Co_P_LM(const Single& x1, const Single& x2, const Single& y1, const Single& y2,
+                           Single& ZG, const Single& Ho, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Co_P_LM");
+    return soil::LayerCompression(DistanceInPlan(x1, x2, y1, y2), ZG, Ho, Anue);
+}
+
+Single Soil_Class::Co_q_LM(const Single& FT, const Single& Dt, const Single& ET, Single ZG,
+                           const Single& Ho, const Single& AreaNode, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Co_q_LM");
+    return soil::LayerCompression({FT, Dt, ET}, ZG, Ho, AreaNode, Anue);
+}
+
+Single Soil_Class::Ux_q_Tr(const Single& FT, const Single& Dt, const Single& ET,
+                           const Single& AreaNode, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Ux_q_Tr");
+    return soil::SurfaceShiftAcross({FT, Dt, ET}, AreaNode, Anue);
+}
+
+Single Soil_Class::Uy_q_Tr(const Single& FT, const Single& Dt, const Single& ET,
+                           const Single& AreaNode, const Single& Anue) const {
+    const MemberScope scope("Soil_Class.Uy_q_Tr");
+    return soil::SurfaceShiftAlong({FT, Dt, ET}, AreaNode, Anue);
+}
+
 namespace {
 
 // clang-format off

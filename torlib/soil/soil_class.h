@@ -9,9 +9,9 @@
 //     geometry.TriangularGeometry(XI, Yi, Xj, Yj, XK, YK, Dt, ET, FT);
 //     Real stress = soil.Sz_q_ST(FT, Dt, ET, ZG, AreaNode) * P;   // summed over the triangles
 //
-// Files in reading order: point_load.cpp (inside the half-space, under a point load),
-// triangle_load.cpp (the same under a triangle), flexibility.cpp (settlement and compression
-// coefficients), triangle_ends.h (what the triangles share), soil_class.cpp (instance, member
+// Files in reading order: soil_factors.h (the formulas without the members), point_load.cpp (inside
+// the half-space, under a point load), triangle_load.cpp (the same under a triangle),
+// flexibility.cpp (settlement and compression coefficients), soil_class.cpp (members, member
 // table).
 //
 // Shared by all members:
