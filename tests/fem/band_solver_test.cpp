@@ -4,11 +4,13 @@
 #include "torlib/fem/band_kernel.h"
 #include "torlib/fem/fem_class.h"
 #include "torlib/frame/run_state.h"
+#include "torlib/platform/instruction_set.h"
 #include "torlib/platform/windows/events.h"
 
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
@@ -316,6 +318,24 @@ INSTANTIATE_TEST_SUITE_P(Kernels, EveryKernel,
                          testing::ValuesIn(band::AvailableKernels().begin(),
                                            band::AvailableKernels().end()),
                          [](const auto& kernel) { return std::string(kernel.param->Name); });
+
+TEST(Kernels, AreThoseOfTheInstructionSetAndOlderOnes) {
+    using enum InstructionSet;
+    const InstructionSet newest = NewestInstructionSet();
+    const auto kernels = band::AvailableKernels();
+    ASSERT_EQ(kernels.size(), static_cast<std::size_t>(newest) + 1);
+    for (std::size_t k = 0; k < kernels.size(); ++k) {
+        EXPECT_STREQ(kernels[k]->Name, InstructionSetNames[k]);
+    }
+    const char* const limit = std::getenv("TORLIB_INSTRUCTION_SET");
+    EXPECT_EQ(LimitedInstructionSet(InstructionSetOfProcessor(), limit), newest);
+    EXPECT_EQ(LimitedInstructionSet(Avx2, nullptr), Avx2);
+    EXPECT_EQ(LimitedInstructionSet(Avx512, ""), Avx512);
+    EXPECT_EQ(LimitedInstructionSet(Avx512, "avx2"), Avx2);
+    EXPECT_EQ(LimitedInstructionSet(Avx512, "portable"), Portable);
+    EXPECT_EQ(LimitedInstructionSet(Portable, "avx512"), Portable) << "not beyond the processor";
+    EXPECT_EQ(test::ErrorOf([] { LimitedInstructionSet(Avx2, "AVX2"); }), 5);
+}
 
 TEST(SolveMatrix, AnEquationWithoutStiffnessGetsZero) {
     System s = MakeSystem(Kind::ZeroDiagonals, 6, 23);

@@ -1,6 +1,7 @@
 #include "torlib/fem/band_kernel.h"
 
 #include "torlib/fem/band_window.h"
+#include "torlib/platform/instruction_set.h"
 
 #include <algorithm>
 #include <cmath>
@@ -75,11 +76,11 @@ std::span<const Kernel* const> AvailableKernels() {
     static const std::vector<const Kernel*> kernels = [] {
         std::vector<const Kernel*> found = {&PortableKernel};
 #ifdef TORLIB_X86_KERNELS
-        if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma")) {
+        if (NewestInstructionSet() >= InstructionSet::Avx2) {
             found.push_back(&Avx2Kernel);
-            if (__builtin_cpu_supports("avx512f")) {
-                found.push_back(&Avx512Kernel);
-            }
+        }
+        if (NewestInstructionSet() >= InstructionSet::Avx512) {
+            found.push_back(&Avx512Kernel);
         }
 #endif
         return found;

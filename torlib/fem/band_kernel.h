@@ -14,7 +14,8 @@
 
 namespace torlib::band {
 
-/// The kernels that this processor runs, slowest first; all give the same bits.
+/// The kernels that this processor runs and the environment allows, slowest first; all give the
+/// same bits. Errors: 5 for an environment that names no instruction set.
 std::span<const Kernel* const> AvailableKernels();
 /// The fastest of them for a half band width; wide vectors waste most of a narrow band.
 const Kernel& FastestKernel(Integer Nw);
